@@ -1,0 +1,30 @@
+# One list of tests, compiled into a program for each system.
+
+set(INSTALL_GTEST OFF)
+set(gtest_force_shared_crt ON)
+add_subdirectory(/usr/src/googletest "${PROJECT_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)
+
+# orderdeck_add_tests(NAME program SOURCES ... [WINDOWS ...] [NATIVE ...] LIBRARIES ... [LABELS ...])
+#
+# A test program and its one CTest entry. Programs, not cases, are the entries: starting a program
+# is what costs. A program writes its results to <build>/test-results/<program>.xml.
+function(orderdeck_add_tests)
+  cmake_parse_arguments(arg "" "NAME" "SOURCES;WINDOWS;NATIVE;LIBRARIES;LABELS" ${ARGN})
+  if(WIN32)
+    list(APPEND arg_SOURCES ${arg_WINDOWS})
+  else()
+    list(APPEND arg_SOURCES ${arg_NATIVE})
+  endif()
+  add_executable(${arg_NAME} ${arg_SOURCES})
+  target_link_libraries(${arg_NAME} PRIVATE ${arg_LIBRARIES} orderdeck_test_support)
+  set_target_properties(${arg_NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
+  set(results "${PROJECT_BINARY_DIR}/test-results")
+  file(MAKE_DIRECTORY "${results}")
+  add_test(NAME ${arg_NAME}
+           COMMAND ${arg_NAME} --gtest_brief=1 "--gtest_output=xml:../test-results/${arg_NAME}.xml"
+           WORKING_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
+  set_tests_properties(${arg_NAME} PROPERTIES TIMEOUT 300)
+  if(arg_LABELS)
+    set_tests_properties(${arg_NAME} PROPERTIES LABELS "${arg_LABELS}")
+  endif()
+endfunction()

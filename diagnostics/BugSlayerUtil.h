@@ -1,0 +1,86 @@
+// The one way in which failures are reported. A report goes to the diagnostics library when there is
+// one; without it a report does nothing. The thread's last error is the same before and after.
+#pragma once
+
+#include <optional>
+#include <type_traits>
+#include <utility>
+
+#include "platform/text.h"
+
+namespace BugSlayerUtil {
+
+// Where a report comes from. All four point at static storage.
+struct code_location {
+    const char* file;
+    int line;
+    const char* function;
+    const char* signature;
+};
+
+#define BS_HERE                                           \
+    ::BugSlayerUtil::code_location {                      \
+        __FILE__, __LINE__, __func__, __PRETTY_FUNCTION__ \
+    }
+
+// Writes an assertion record and acts on the answer: break, end the process, or go on. text may be
+// empty; hr is the result code that the record carries. Any thread. Never throws.
+void assertion(const code_location& where, const char* text, std::optional<HRESULT> hr = {}) noexcept;
+
+// Writes a trace record with a message that is data, not a format. Any thread. Never throws.
+void trace(const code_location& where, const CString& message) noexcept;
+
+// A printf-style trace message.
+__attribute__((format(printf, 2, 3))) void tracef(const code_location& where, const char* format,
+                                                  ...) noexcept;
+
+// Reports an assertion whose text is the expression unless it holds; the code goes on either way.
+// Gives whether it held.
+#define BS_ASSERT(expression) BS_ASSERT_TEXT(expression, #expression)
+#define BS_ASSERT_TEXT(expression, text) \
+    (static_cast<bool>(expression) ? true : (::BugSlayerUtil::assertion(BS_HERE, text), false))
+
+// Reports an assertion that carries the result unless it is S_OK. Gives whether it is.
+#define BS_ASSERT_OK(hr) BS_ASSERT_OK_TEXT(hr, #hr)
+#define BS_ASSERT_OK_TEXT(hr, text)                                       \
+    ([&](const ::BugSlayerUtil::code_location& bs_where, HRESULT bs_hr) { \
+        if (bs_hr != S_OK) {                                              \
+            ::BugSlayerUtil::assertion(bs_where, text, bs_hr);            \
+        }                                                                 \
+        return bs_hr == S_OK;                                             \
+    }(BS_HERE, (hr)))
+
+// Reports an assertion and raises a COM error, for a caller that can't go on.
+#define BS_RAISE(text, hr)                                                   \
+    do {                                                                     \
+        ::BugSlayerUtil::assertion(BS_HERE, text, std::optional<HRESULT>()); \
+        _com_issue_error(hr);                                                \
+    } while (false)
+#define BS_REQUIRE(expression, hr)            \
+    do {                                      \
+        if (!static_cast<bool>(expression)) { \
+            BS_RAISE("", hr);                 \
+        }                                     \
+    } while (false)
+
+// The catch ladder. Call it in a catch-all handler: it looks at the exception in flight, writes the
+// trace record and gives the result.
+HRESULT handle_current_exception(const code_location& where) noexcept;
+
+// The guard that ends every COM operation and every message handler: runs the body and turns what it
+// throws into a trace record and a result. A body that returns nothing gives S_OK.
+template <class Body>
+HRESULT guard(const code_location& where, Body&& body) noexcept {
+    try {
+        if constexpr (std::is_void_v<std::invoke_result_t<Body>>) {
+            std::forward<Body>(body)();
+            return S_OK;
+        } else {
+            return std::forward<Body>(body)();
+        }
+    } catch (...) {
+        return handle_current_exception(where);
+    }
+}
+
+}  // namespace BugSlayerUtil
