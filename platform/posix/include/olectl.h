@@ -1,0 +1,5 @@
+// Connection points by the header's other usual name.
+#pragma once
+
+#include "ocidl.h"
+#include "winerror.h"
