@@ -1,0 +1,92 @@
+#pragma once
+
+#include <memory>
+
+#include "charting/orderdeck/interface/IManageContent.h"
+#include "charting/orderdeck/interface/IOD_ProfileDataChange.h"
+#include "charting/orderdeck/interface/ITab.h"
+#include "charting/orderdeck/interface/ITradeInfoProperties.h"
+#include "charting/orderdeck/src/tab/ControlsHolder.h"
+
+class CPriceToString;
+
+namespace OV_OrderDeck {
+
+// One tab's logic: owns the fields of the order row and is the only place where an order is put together
+// and sent. Changes values first and then names the changed fields to the bar. Has no lock: everything
+// runs on the bar's thread. Operations throw _com_error or std::exception.
+class CTab : public ITab, public IManageContent, public ITradeInfoProperties, public IOD_ProfileDataChange {
+public:
+    // Throws _com_error (E_POINTER) for a null profile. The tab listens to the profile while it lives.
+    explicit CTab(const com_ptr<CProfileWrap>& profile);
+    ~CTab() override;
+    CTab(const CTab&) = delete;
+    CTab& operator=(const CTab&) = delete;
+
+    void get_Name(CString& name) override;
+    void put_Id(LONG id) override;
+    LONG get_Id() override;
+    void SetContent(const boost::shared_ptr<ITabCtrl>& content) override;
+    bool get_GradientColors(COLORREF& from, COLORREF& to) override;
+    boost::shared_ptr<IUnifyControl> get_Control(OD_UpdateEntity entity) override;
+    com_ptr<CProfileWrap> get_Profile() override;
+
+    void OnContentReady() override;
+    void Refresh() override;
+
+    CString get_SymbolName() override;
+    void put_SymbolName(const wchar_t* name) override;
+    LONG get_SymbolId() override;
+    void put_SymbolId(LONG id) override;
+    void get_SymbolInfo(OD_SSymbolInfo& info) override;
+    void put_SymbolInfo(const OD_SSymbolInfo& info) override;
+    CString get_Account() override;
+    void put_Account(const wchar_t* name) override;
+
+    LONG OnQuote(double bid, double ask) override;
+    LONG OnConnectionState(ETM_ConnectionChanged state) override;
+    LONG OnTradingAllowed(bool allowed) override;
+    LONG OnStatusText(BSTR text) override;
+
+    // For the fields.
+
+    // Tells the bar which fields changed.
+    void _update(unsigned mask);
+    void _set_focus(OD_UpdateEntity entity);
+    // Sends the order. Shows a message instead when a needed price is missing; throws _com_error when
+    // any other field lacks its value.
+    void _on_place_order(LONG action);
+    void _on_symbol_changed();
+    void _on_order_type_changed();
+    // Puts a picked quote into both prices, limited to their range.
+    void _apply_price(double value);
+    // Prices of the present symbol as text. Valid until the symbol changes.
+    const CPriceToString& _get_price_format();
+    // The quantity as its field shows it.
+    _variant_t _get_quantity();
+    const CControlsHolder& get_Controls() const { return *m_controls; }
+
+private:
+    void _make_controls();
+    bool _is_connected();
+    com_ptr<ITC_ManualTrading> _get_mt();
+    CString _get_data_feed();
+    void _set_current_account();
+    void _set_current_symbol();
+    void _clear_prices();
+    void _reload_lists();
+    template <class Price>
+    bool _check_price(Price& field, OD_UpdateEntity entity);
+    bool _check_prices();
+    void _check_order(LONG action);
+    void _send_order(LONG action);
+
+    // The members end in reverse order: the profile is the last to go.
+    com_ptr<CProfileWrap> m_pProfile;
+    LONG m_id = 0;
+    boost::shared_ptr<ITabCtrl> m_pCont;
+    std::unique_ptr<CControlsHolder> m_controls;
+    std::unique_ptr<CPriceToString> m_pPriceFormat;
+};
+
+}  // namespace OV_OrderDeck
