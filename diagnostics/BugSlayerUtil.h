@@ -34,33 +34,49 @@ void trace(const code_location& where, const CString& message) noexcept;
 __attribute__((format(printf, 2, 3))) void tracef(const code_location& where, const char* format,
                                                   ...) noexcept;
 
+// The error path, for a failure that the caller can't go on from: writes an error record and throws it,
+// as an IDebugObject* when the library made a record, else the text as a wchar_t*. The guard takes
+// either for an unknown exception. A text that was thrown stays until this thread's next error; a
+// record belongs to whoever catches it.
+[[noreturn]] void throw_error(const code_location& where, const char* text);
+
+// Reports the assertion unless it held. Gives whether it held.
+inline bool check(bool held, const code_location& where, const char* text) noexcept {
+    if (!held) {
+        assertion(where, text);
+    }
+    return held;
+}
+
+// Reports the assertion, with the result, unless that is S_OK. Gives whether it is.
+inline bool check_ok(HRESULT hr, const code_location& where, const char* text) noexcept {
+    if (hr != S_OK) {
+        assertion(where, text, hr);
+    }
+    return hr == S_OK;
+}
+
 // Reports an assertion whose text is the expression unless it holds; the code goes on either way.
 // Gives whether it held.
 #define BS_ASSERT(expression) BS_ASSERT_TEXT(expression, #expression)
-#define BS_ASSERT_TEXT(expression, text) \
-    (static_cast<bool>(expression) ? true : (::BugSlayerUtil::assertion(BS_HERE, text), false))
+#define BS_ASSERT_TEXT(expression, text) ::BugSlayerUtil::check(static_cast<bool>(expression), BS_HERE, text)
 
 // Reports an assertion that carries the result unless it is S_OK. Gives whether it is.
 #define BS_ASSERT_OK(hr) BS_ASSERT_OK_TEXT(hr, #hr)
-#define BS_ASSERT_OK_TEXT(hr, text)                                       \
-    ([&](const ::BugSlayerUtil::code_location& bs_where, HRESULT bs_hr) { \
-        if (bs_hr != S_OK) {                                              \
-            ::BugSlayerUtil::assertion(bs_where, text, bs_hr);            \
-        }                                                                 \
-        return bs_hr == S_OK;                                             \
-    }(BS_HERE, (hr)))
+#define BS_ASSERT_OK_TEXT(hr, text) ::BugSlayerUtil::check_ok((hr), BS_HERE, text)
 
-// Reports an assertion and raises a COM error, for a caller that can't go on.
-#define BS_RAISE(text, hr)                                                   \
-    do {                                                                     \
-        ::BugSlayerUtil::assertion(BS_HERE, text, std::optional<HRESULT>()); \
-        _com_issue_error(hr);                                                \
+// Reports an assertion and raises a COM error, for a caller that can't go on. BS_REQUIRE does so
+// unless the expression holds, with the expression as the text.
+#define BS_RAISE(text, hr)                         \
+    do {                                           \
+        ::BugSlayerUtil::assertion(BS_HERE, text); \
+        _com_issue_error(hr);                      \
     } while (false)
-#define BS_REQUIRE(expression, hr)            \
-    do {                                      \
-        if (!static_cast<bool>(expression)) { \
-            BS_RAISE("", hr);                 \
-        }                                     \
+#define BS_REQUIRE(expression, hr)    \
+    do {                              \
+        if (!BS_ASSERT(expression)) { \
+            _com_issue_error(hr);     \
+        }                             \
     } while (false)
 
 // The catch ladder. Call it in a catch-all handler: it looks at the exception in flight, writes the
