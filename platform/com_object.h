@@ -26,6 +26,11 @@ public:
 
     IUnknown* GetUnknown() { return static_cast<First*>(this); }
 
+    // In use only while the object dies: references come and go then without a second end.
+    STDMETHODIMP QueryInterface(REFIID iid, void** out) override { return internal_query(iid, out); }
+    STDMETHODIMP_(ULONG) AddRef() override { return internal_add_ref(); }
+    STDMETHODIMP_(ULONG) Release() override { return internal_release(); }
+
 protected:
     com_root() = default;
     virtual ~com_root() = default;

@@ -1,0 +1,1 @@
+#include "charting/orderdeck/src/root/GlobalData.h"
