@@ -112,22 +112,8 @@ public:
     operator LONGLONG() const;
     operator ULONGLONG() const;
 
-    _variant_t& operator=(const _variant_t& source);
-    _variant_t& operator=(const VARIANT& source);
-    _variant_t& operator=(const VARIANT* source);
-    _variant_t& operator=(SHORT value);
-    _variant_t& operator=(LONG value);
-    _variant_t& operator=(float value);
-    _variant_t& operator=(double value);
-    _variant_t& operator=(const _bstr_t& text);
-    _variant_t& operator=(const wchar_t* text);
-    _variant_t& operator=(IUnknown* object);
-    _variant_t& operator=(bool value);
-    _variant_t& operator=(BYTE value);
-    _variant_t& operator=(USHORT value);
-    _variant_t& operator=(ULONG value);
-    _variant_t& operator=(LONGLONG value);
-    _variant_t& operator=(ULONGLONG value);
+    // From all that it can be made of; a failure to make the new value leaves the old one.
+    _variant_t& operator=(_variant_t source);
 
     // Type and value must agree; a type that cannot be compared raises E_INVALIDARG.
     bool operator==(const VARIANT& other) const;
