@@ -5,11 +5,13 @@ set(ORDERDECK_SANITIZE "" CACHE STRING "Sanitizers of a native build, as -fsanit
 # System headers that serve both systems.
 add_library(orderdeck_vendor INTERFACE)
 if(WIN32)
-  # The cross compiler must not see the rest of the native include folder, so Boost comes by a folder
-  # that holds one link to it.
+  # The cross compiler must not see the rest of the native include folder, so each of these comes by a
+  # link in a folder of its own.
   set(_cross "${PROJECT_BINARY_DIR}/cross-include")
   file(MAKE_DIRECTORY "${_cross}")
-  file(CREATE_LINK /usr/include/boost "${_cross}/boost" SYMBOLIC)
+  foreach(_library boost nlohmann)
+    file(CREATE_LINK "/usr/include/${_library}" "${_cross}/${_library}" SYMBOLIC)
+  endforeach()
   target_include_directories(orderdeck_vendor SYSTEM INTERFACE "${_cross}")
 endif()
 

@@ -8,7 +8,7 @@ packages=(
   g++-mingw-w64-x86-64-posix mingw-w64-tools
   wine wine64 libwine-dev
   xvfb xdotool x11-utils imagemagick fonts-noto-cjk librsvg2-bin
-  libboost-dev googletest libbenchmark-dev libsqlite3-dev libicu-dev
+  libboost-dev nlohmann-json3-dev googletest libbenchmark-dev libsqlite3-dev libicu-dev
   clang-format-14 clang-tidy-19 clang-19 libclang-rt-19-dev
 )
 
