@@ -8,9 +8,9 @@ namespace platform {
 
 // The operations on keys. Every one gives a native result code (ERROR_SUCCESS and its kin) and throws
 // nothing. Names are compared without case and keep the case they were made with. A path is a row of
-// key names with "\" between them, no longer than 255 characters each; the empty path is the key itself.
-// A root is HKEY_CURRENT_USER, HKEY_CLASSES_ROOT or an open key. Text data is stored as it is given:
-// units of wchar_t, with the terminator when the caller gave one. Any thread.
+// key names with "\" between them and none in front, no longer than 255 characters each; the empty path is
+// the key itself. A root is HKEY_CURRENT_USER, HKEY_CLASSES_ROOT or an open key. Text data is stored as it is
+// given: units of wchar_t, with the terminator when the caller gave one. Any thread.
 //
 // Natively the registry is a database file of the user: ORDERDECK_REGISTRY_FILE names it, else it lies
 // in the user's data folder. Processes that use one file see each other's changes at once.
@@ -47,7 +47,8 @@ public:
 
     virtual LONG query_info(HKEY key, DWORD& subkeys, DWORD& values) noexcept = 0;
 
-    // Deletes a key with everything below it. Keys of it that are open give ERROR_KEY_DELETED from then on.
+    // Deletes a key, which is not the root itself, with everything below it. Keys of it that are open give
+    // ERROR_KEY_DELETED from then on.
     virtual LONG delete_tree(HKEY root, const CString& path) noexcept = 0;
 };
 

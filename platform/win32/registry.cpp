@@ -42,7 +42,8 @@ public:
     }
 
     LONG delete_tree(HKEY root, const CString& path) noexcept override {
-        return RegDeleteTreeW(root, path.c_str());
+        // The system would empty the root itself.
+        return path.empty() ? ERROR_INVALID_PARAMETER : RegDeleteTreeW(root, path.c_str());
     }
 };
 

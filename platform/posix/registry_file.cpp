@@ -1,0 +1,175 @@
+#include "platform/posix/registry_file.h"
+
+#include <unicode/unistr.h>
+
+namespace platform {
+namespace {
+
+constexpr const char* schema = R"(
+PRAGMA synchronous = NORMAL;
+PRAGMA foreign_keys = ON;
+BEGIN IMMEDIATE;
+CREATE TABLE IF NOT EXISTS keys (
+  id INTEGER PRIMARY KEY AUTOINCREMENT,
+  parent INTEGER REFERENCES keys(id) ON DELETE CASCADE,
+  folded TEXT NOT NULL,
+  name TEXT NOT NULL,
+  UNIQUE (parent, folded));
+CREATE TABLE IF NOT EXISTS entries (
+  id INTEGER PRIMARY KEY,
+  key INTEGER NOT NULL REFERENCES keys(id) ON DELETE CASCADE,
+  folded TEXT NOT NULL,
+  name TEXT NOT NULL,
+  type INTEGER NOT NULL,
+  data BLOB NOT NULL,
+  UNIQUE (key, folded));
+INSERT OR IGNORE INTO keys (id, folded, name) VALUES
+  (1, 'hkey_current_user', 'HKEY_CURRENT_USER'),
+  (2, 'hkey_classes_root', 'HKEY_CLASSES_ROOT');
+COMMIT;
+)";
+
+icu::UnicodeString unicode(const CString& text) {
+    static_assert(sizeof(wchar_t) == sizeof(UChar32));
+    return icu::UnicodeString::fromUTF32(reinterpret_cast<const UChar32*>(text.data()),
+                                         static_cast<std::int32_t>(text.size()));
+}
+
+std::string utf8(const CString& text) {
+    std::string result;
+    return unicode(text).toUTF8String(result);
+}
+
+// The form in which names are compared.
+std::string folded(const CString& text) {
+    std::string result;
+    return unicode(text).foldCase().toUTF8String(result);
+}
+
+CString wide(const std::string& text) {
+    const auto from = icu::UnicodeString::fromUTF8(text);
+    CString result;
+    for (std::int32_t at = 0; at < from.length(); at = from.moveIndex32(at, 1)) {
+        result += static_cast<wchar_t>(from.char32At(at));
+    }
+    return result;
+}
+
+}  // namespace
+
+registry_file::registry_file(const std::string& file) : m_connection(file) {
+    m_connection.execute(schema);
+}
+
+bool registry_file::exists(key_id key) {
+    return sqlite_statement(m_connection, "SELECT 1 FROM keys WHERE id = ?").bind(key).step();
+}
+
+std::optional<registry_file::key_id> registry_file::find(key_id root, const std::vector<CString>& path) {
+    key_id at = root;
+    for (const CString& name : path) {
+        const std::string wanted = folded(name);
+        sqlite_statement row(m_connection, "SELECT id FROM keys WHERE parent = ? AND folded = ?");
+        if (!row.bind(at).bind(wanted).step()) {
+            return {};
+        }
+        at = row.number(0);
+    }
+    return at;
+}
+
+registry_file::key_id registry_file::create(key_id root, const std::vector<CString>& path) {
+    sqlite_transaction transaction(m_connection);
+    key_id at = root;
+    for (const CString& name : path) {
+        if (const auto found = find(at, {name})) {
+            at = *found;
+            continue;
+        }
+        const std::string compared = folded(name);
+        const std::string shown = utf8(name);
+        sqlite_statement(m_connection, "INSERT INTO keys (parent, folded, name) VALUES (?, ?, ?)")
+            .bind(at)
+            .bind(compared)
+            .bind(shown)
+            .step();
+        at = m_connection.last_row();
+    }
+    transaction.commit();
+    return at;
+}
+
+bool registry_file::delete_tree(key_id root, const std::vector<CString>& path) {
+    sqlite_transaction transaction(m_connection);
+    const auto found = find(root, path);
+    if (found) {
+        sqlite_statement(m_connection, "DELETE FROM keys WHERE id = ?").bind(*found).step();
+    }
+    transaction.commit();
+    return found.has_value();
+}
+
+std::optional<CString> registry_file::nth_name(const char* sql, key_id key, DWORD index) {
+    sqlite_statement row(m_connection, sql);
+    if (!row.bind(key).bind(std::int64_t{index}).step()) {
+        return {};
+    }
+    return wide(row.text(0));
+}
+
+DWORD registry_file::count(const char* sql, key_id key) {
+    sqlite_statement row(m_connection, sql);
+    row.bind(key).step();
+    return static_cast<DWORD>(row.number(0));
+}
+
+std::optional<CString> registry_file::subkey(key_id key, DWORD index) {
+    return nth_name("SELECT name FROM keys WHERE parent = ? ORDER BY folded LIMIT 1 OFFSET ?", key, index);
+}
+
+DWORD registry_file::subkey_count(key_id key) {
+    return count("SELECT COUNT(*) FROM keys WHERE parent = ?", key);
+}
+
+std::optional<registry_file::value> registry_file::read(key_id key, const CString& name) {
+    const std::string wanted = folded(name);
+    sqlite_statement row(m_connection, "SELECT type, data FROM entries WHERE key = ? AND folded = ?");
+    if (!row.bind(key).bind(wanted).step()) {
+        return {};
+    }
+    const auto data = row.data(1);
+    return value{static_cast<DWORD>(row.number(0)), {data.begin(), data.end()}};
+}
+
+void registry_file::write(key_id key, const CString& name, DWORD type, std::span<const std::byte> data) {
+    const std::string compared = folded(name);
+    const std::string shown = utf8(name);
+    sqlite_statement(m_connection,
+                     "INSERT INTO entries (key, folded, name, type, data) VALUES (?, ?, ?, ?, ?) "
+                     "ON CONFLICT (key, folded) DO UPDATE SET type = excluded.type, data = excluded.data")
+        .bind(key)
+        .bind(compared)
+        .bind(shown)
+        .bind(std::int64_t{type})
+        .bind(data)
+        .step();
+}
+
+bool registry_file::remove(key_id key, const CString& name) {
+    const std::string wanted = folded(name);
+    sqlite_statement(m_connection, "DELETE FROM entries WHERE key = ? AND folded = ?")
+        .bind(key)
+        .bind(wanted)
+        .step();
+    return m_connection.changes() != 0;
+}
+
+std::optional<CString> registry_file::value_name(key_id key, DWORD index) {
+    return nth_name("SELECT name FROM entries WHERE key = ? ORDER BY id LIMIT 1 OFFSET ?", key, index);
+}
+
+DWORD registry_file::value_count(key_id key) {
+    return count("SELECT COUNT(*) FROM entries WHERE key = ?", key);
+}
+
+}  // namespace platform
