@@ -1,0 +1,32 @@
+#pragma once
+
+#include "charting/orderdeck/interface/OD_UpdateEntity.h"
+#include "charting/orderdeck/src/tab/Controls/UnifyControlImpl.h"
+
+namespace OV_OrderDeck {
+
+// What Buy and Sell have in common: the face of the button tells what would be sent.
+class CBuySellButtonBase : public CUnifyControlImpl<IUnifyControl> {
+public:
+    bool get_Enabled() override;
+
+protected:
+    // Verb, blank, word of the order category, line feed, quantity. Throws std::out_of_range for a category
+    // that is not known.
+    CString _caption(UINT verb);
+    void _place_order(LONG action);
+};
+
+// One of the two buttons: the string id of its verb and its bit.
+template <UINT Label, unsigned Mask>
+class CBuySellButton : public CBuySellButtonBase {
+    static_assert(Mask == eODUE_Buy || Mask == eODUE_Sell);
+
+public:
+    // Sends the order. The key counts for nothing.
+    void Select(LONG) override { _place_order(Mask == eODUE_Buy ? 1 : 2); }
+    // The caption as VT_BSTR.
+    _variant_t get_Value() override { return _variant_t(_caption(Label).c_str()); }
+};
+
+}  // namespace OV_OrderDeck

@@ -1,0 +1,14 @@
+#include "charting/orderdeck/src/tab/Controls/Usable.h"
+
+#include "charting/orderdeck/src/root/ProfileWrap.h"
+#include "charting/orderdeck/src/tab/Controls/Lookup.h"
+#include "charting/orderdeck/src/tab/Tab.h"
+
+namespace OV_OrderDeck {
+
+bool is_connected_with_symbol(CTab& tab) {
+    return tab.get_Profile()->get_ConnectionState(true) == eTM_CC_Connected &&
+           tab.get_Controls().m_pSymbol->get_Symbol().valid();
+}
+
+}  // namespace OV_OrderDeck
