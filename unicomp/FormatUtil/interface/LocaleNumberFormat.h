@@ -20,8 +20,15 @@ struct SLocaleNumberFormat {
     // These conventions with the given count of decimals, for one call of the system.
     platform::number_format GetFormat(UINT decimals, bool group) const;
 
-    // Text of an absolute value as that of a negative one. A form outside 0 to 4 gives it unchanged.
+    // What the negative form puts before and behind a number; nothing for a form outside 0 to 4.
+    CString GetNegativePrefix() const;
+    CString GetNegativeSuffix() const;
+    // Text of an absolute value as that of a negative one. A form outside 0 to 4 loses the sign.
     CString MakeNegative(const CString& text) const;
+
+    // Takes the sign off a typed or shown text: the minus or plus in front, and what the negative form puts
+    // round or behind a number. Gives whether the text was negative; body is the rest, not trimmed again.
+    bool SplitSign(const CString& text, CString& body) const;
 };
 
 // The record beside CPriceScale, which inserts group separators itself.

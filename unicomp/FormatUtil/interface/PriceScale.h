@@ -43,7 +43,6 @@ public:
     LONG GetTextWidthInChars(const CString& text) const;
 
 private:
-    bool HasStep() const { return GetStep() > 0.0; }
     CString DecimalText(double value, bool group) const;
     CString FractionText(double price, bool group, bool negative) const;
 

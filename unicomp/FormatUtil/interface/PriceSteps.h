@@ -12,7 +12,7 @@ struct SPriceLetter {
 };
 
 // The letters a to z in order. Rows n and z are equal, and q and y share a step under different
-// denominators, on purpose: data feeds use all of them. Rows s, t, u, v, x and y have steps finer than
+// denominators, on purpose: symbols arrive with any of them. Rows s, t, u, v, x and y have steps finer than
 // one over the denominator, so their numerators carry decimals.
 inline constexpr std::array<SPriceLetter, 26> price_letters{{
     {10000.0, 0},    {1000.0, 0}, {100.0, 0},      {10.0, 0},       {1.0, 0},         {0.5, 2},
@@ -33,8 +33,8 @@ constexpr const SPriceLetter* find_price_letter(LONG code) {
     return nullptr;
 }
 
-// The step as it goes to the host with an order: a letter's own, 0.0 for every other code. A decimal code
-// goes out as 0.0 too; that is deliberate, the host's side reads its steps from the letters alone.
+// The step as it goes to the host with an order: a letter's own, 0.0 for every other code. Deliberate for
+// decimal codes too: hosts rely on getting 0.0 for them.
 constexpr double order_price_step(LONG code) {
     const SPriceLetter* const letter = find_price_letter(code);
     return letter != nullptr ? letter->step : 0.0;
