@@ -51,8 +51,7 @@ HRESULT FakeProfiles::get_AvailablePlugins(SAFEARRAY** ppNames) {
 }
 
 HRESULT FakeProfiles::Add(BSTR sPluginName, BSTR sProfileName) {
-    const std::string arguments = "\"" + narrow(platform::text_of(sPluginName)) + "\", \"" +
-                                  narrow(platform::text_of(sProfileName)) + "\"";
+    const std::string arguments = quoted(sPluginName) + ", " + quoted(sProfileName);
     return m_host.enter("Profiles", {}, "Add", arguments).hr;
 }
 

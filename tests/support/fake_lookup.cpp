@@ -2,14 +2,6 @@
 
 namespace test {
 
-namespace {
-
-std::string quoted(const wchar_t* text) {
-    return text == nullptr ? "null" : "\"" + narrow(platform::text_of(text)) + "\"";
-}
-
-}  // namespace
-
 void symbol::write(OD_SSymbolInfo& info) const {
     info.id = id;
     info.DataFeed = platform::new_bstr(data_feed);

@@ -6,10 +6,6 @@ namespace test {
 
 namespace {
 
-std::string quoted(const wchar_t* text) {
-    return "\"" + narrow(platform::text_of(text)) + "\"";
-}
-
 std::string date_text(const VARIANT* date) {
     if (date == nullptr) {
         return "null";

@@ -1,5 +1,7 @@
 #include "tests/support/fake_services.h"
 
+#include "tests/support/fake_profile.h"
+
 namespace test {
 
 HRESULT FakeOnCommand::Execute(LONG lCommand, VARIANT vParam) {
@@ -13,12 +15,9 @@ HRESULT FakeOnCommand::Execute(LONG lCommand, VARIANT vParam) {
 }
 
 HRESULT FakeDisconnectConfirmer::Confirm(LONG hOwner, ITC_TradingProfile* pProfile) {
-    std::string name = "null";
-    if (pProfile != nullptr) {
-        _bstr_t text;
-        pProfile->get_Name(text.GetAddress());
-        name = "\"" + narrow(platform::text_of(text)) + "\"";
-    }
+    // Asked past the record, which keeps the component's own questions only.
+    const auto* const profile = dynamic_cast<const FakeProfile*>(pProfile);
+    const std::string name = profile != nullptr ? quoted(profile->name) : "null";
     const auto told = m_host.enter(m_kind, {}, "Confirm", std::to_string(hOwner) + ", " + name);
     return told.hr != S_OK ? told.hr : answer;
 }
@@ -28,8 +27,9 @@ HRESULT FakeProfileEditor::Show(ULONGLONG hOwner) {
 }
 
 HRESULT FakeSymbolMapping::ShowDialog(ULONGLONG hOwner, BSTR sProfileName) {
-    const std::string name = "\"" + narrow(platform::text_of(sProfileName)) + "\"";
-    return m_host.enter("SymbolMapping", {}, "ShowDialog", std::to_string(hOwner) + ", " + name).hr;
+    return m_host
+        .enter("SymbolMapping", {}, "ShowDialog", std::to_string(hOwner) + ", " + quoted(sProfileName))
+        .hr;
 }
 
 }  // namespace test

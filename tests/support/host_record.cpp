@@ -52,6 +52,17 @@ std::string narrow(const CString& text) {
     return out;
 }
 
+std::string quoted(const CString& text) {
+    std::string result(1, '"');
+    result += narrow(text);
+    result += '"';
+    return result;
+}
+
+std::string quoted(BSTR text) {
+    return text != nullptr ? quoted(platform::text_of(text)) : "null";
+}
+
 std::string number_text(double value) {
     std::array<char, 64> buffer{};
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;

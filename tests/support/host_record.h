@@ -13,6 +13,9 @@ namespace test {
 
 // UTF-8.
 std::string narrow(const CString& text);
+// In quotation marks; "null" without them for a null text.
+std::string quoted(BSTR text);
+std::string quoted(const CString& text);
 // The shortest text that reads back as the value, the same on both systems.
 std::string number_text(double value);
 
