@@ -109,10 +109,10 @@ public:
             singleton = _reference();
         }
         if (singleton == nullptr) {
-            _fail(L"Singleton");
+            BugSlayerUtil::throw_error(BS_HERE, "Singleton");
         }
         if (!singleton->m_Object) {
-            _fail(L"m_Object.get()");
+            BugSlayerUtil::throw_error(BS_HERE, "m_Object.get()");
         }
         return singleton->m_Object.get();
     }
@@ -125,11 +125,6 @@ private:
             CProcessSingleton<T>::SingletonAccess(CProcessSingleton<T>::add_reference);
         m_referenced = singleton != nullptr;
         return singleton;
-    }
-
-    [[noreturn]] static void _fail(const wchar_t* text) {
-        BugSlayerUtil::assertion(BS_HERE, "", E_POINTER);
-        throw text;
     }
 
     unsigned char m_mode = 0;

@@ -34,7 +34,9 @@ void CProfileWrap::connection::release() {
 }
 
 CProfileWrap::CProfileWrap(ITC_TradingProfile* pProfile) : m_pProfile(pProfile) {
-    BS_REQUIRE(m_pProfile, E_POINTER);
+    if (!m_pProfile) {
+        BS_RAISE("", E_POINTER);
+    }
 }
 
 bool CProfileWrap::Advise(IOD_ProfileDataChange* pSink) {
