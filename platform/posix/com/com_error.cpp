@@ -30,6 +30,20 @@ constexpr message k_messages[] = {
     {REGDB_E_CLASSNOTREG, L"Class not registered."},
 };
 
+// Codes that an automation server gave a number of its own.
+constexpr HRESULT k_first_server_code = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_ITF, 0x200);
+constexpr HRESULT k_last_server_code = MAKE_HRESULT(SEVERITY_ERROR, FACILITY_ITF, 0xFFFF);
+
+std::wstring unnamed(HRESULT result) {
+    wchar_t text[32];
+    if (result > k_first_server_code && result <= k_last_server_code) {
+        std::swprintf(text, std::size(text), L"IDispatch error #%d", result - k_first_server_code);
+    } else {
+        std::swprintf(text, std::size(text), L"Unknown error 0x%0X", static_cast<unsigned>(result));
+    }
+    return text;
+}
+
 }  // namespace
 
 _com_error::_com_error(HRESULT result) noexcept : m_result(result) {}
@@ -59,9 +73,7 @@ const wchar_t* _com_error::ErrorMessage() const noexcept {
     }
     try {
         if (m_message.empty()) {
-            wchar_t text[32];
-            std::swprintf(text, std::size(text), L"Unknown error 0x%08X", static_cast<unsigned>(m_result));
-            m_message = text;
+            m_message = unnamed(m_result);
         }
         return m_message.c_str();
     } catch (const std::bad_alloc&) {
