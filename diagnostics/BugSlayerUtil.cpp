@@ -1,24 +1,46 @@
 #include "diagnostics/BugSlayerUtil.h"
 
-#include <iterator>
+#include "diagnostics/AsserterClass.h"
+#include "diagnostics/ThrowError.h"
+#include "diagnostics/formatted_text.h"
+#include "platform/utf8.h"
 
 namespace BugSlayerUtil {
+namespace {
 
-void assertion(const code_location&, const char*, std::optional<HRESULT>) noexcept {}
-
-void trace(const code_location&, const CString&) noexcept {}
-
-void tracef(const code_location&, const char*, ...) noexcept {}
-
-void throw_error(const code_location&, const char* text) {
-    thread_local wchar_t thrown[256];
-    std::size_t length = 0;
-    while (text[length] != '\0' && length + 1 < std::size(thrown)) {
-        thrown[length] = static_cast<unsigned char>(text[length]);
-        ++length;
+CString text_or_nothing(const char* utf8) noexcept {
+    try {
+        return platform::from_utf8(utf8);
+    } catch (...) {
+        return {};
     }
-    thrown[length] = L'\0';
-    throw static_cast<wchar_t*>(thrown);
+}
+
+}  // namespace
+
+void assertion(const code_location& where, const char* text, std::optional<HRESULT> hr) noexcept {
+    AsserterClass asserter(where);
+    asserter.Act(asserter.Report(text_or_nothing(text), hr));
+}
+
+void trace(const code_location& where, const CString& message) noexcept {
+    TracerClass(where).Message(message);
+}
+
+void tracef(const code_location& where, const char* format, ...) noexcept {
+    TracerClass tracer(where);
+    std::va_list arguments;
+    va_start(arguments, format);
+    try {
+        tracer.Message(formatted_text(format, arguments));
+    } catch (...) {
+        // Out of memory: a report is lost, the program is not.
+    }
+    va_end(arguments);
+}
+
+void throw_error(const code_location& where, const char* text) {
+    ThrowError(where).React(text_or_nothing(text));
 }
 
 }  // namespace BugSlayerUtil

@@ -6,22 +6,10 @@
 #include <type_traits>
 #include <utility>
 
+#include "diagnostics/code_location.h"
 #include "platform/text.h"
 
 namespace BugSlayerUtil {
-
-// Where a report comes from. All four point at static storage.
-struct code_location {
-    const char* file;
-    int line;
-    const char* function;
-    const char* signature;
-};
-
-#define BS_HERE                                           \
-    ::BugSlayerUtil::code_location {                      \
-        __FILE__, __LINE__, __func__, __PRETTY_FUNCTION__ \
-    }
 
 // Writes an assertion record and acts on the answer: break, end the process, or go on. text may be
 // empty; hr is the result code that the record carries. Any thread. Never throws.

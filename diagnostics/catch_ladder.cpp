@@ -1,31 +1,61 @@
+#include "diagnostics/catch_ladder.h"
+
 #include <exception>
 #include <new>
 #include <stdexcept>
 
 #include "diagnostics/BugSlayerUtil.h"
+#include "diagnostics/IDebugObject.h"
+#include "diagnostics/formatted_text.h"
 
 namespace BugSlayerUtil {
+namespace {
 
-HRESULT handle_current_exception(const code_location& where) noexcept {
+CString unknown(const code_location& where) {
+    return formatted_text("unknown exception; FILE - %s, LINE - %d", where.file, where.line);
+}
+
+caught_exception described(const code_location& where) {
     try {
         throw;
     } catch (const std::bad_alloc&) {
-        // Writing a record takes memory, so nothing is written.
-        return E_OUTOFMEMORY;
+        return {E_OUTOFMEMORY, {}};
     } catch (const _com_error& error) {
-        tracef(where, "HRESULT - %x; FILE - %s, LINE - %d", static_cast<unsigned>(error.Error()), where.file,
-               where.line);
-        return error.Error();
+        return {error.Error(), formatted_text("HRESULT - %x; FILE - %s, LINE - %d",
+                                              static_cast<unsigned>(error.Error()), where.file, where.line)};
     } catch (const std::out_of_range& error) {
-        tracef(where, "std::out_of_range - %s; FILE - %s, LINE - %d", error.what(), where.file, where.line);
-        return E_INVALIDARG;
+        return {E_INVALIDARG, formatted_text("std::out_of_range - %s; FILE - %s, LINE - %d", error.what(),
+                                             where.file, where.line)};
     } catch (const std::exception& error) {
-        tracef(where, "std::exception - %s; FILE - %s, LINE - %d", error.what(), where.file, where.line);
-        return E_UNEXPECTED;
+        return {E_UNEXPECTED, formatted_text("std::exception - %s; FILE - %s, LINE - %d", error.what(),
+                                             where.file, where.line)};
+    } catch (IDebugObject* record) {
+        if (record != nullptr) {
+            record->Release();
+        }
+        return {E_UNEXPECTED, unknown(where)};
     } catch (...) {
-        tracef(where, "unknown exception; FILE - %s, LINE - %d", where.file, where.line);
-        return E_UNEXPECTED;
+        return {E_UNEXPECTED, unknown(where)};
     }
+}
+
+}  // namespace
+
+caught_exception describe_current_exception(const code_location& where) noexcept {
+    try {
+        return described(where);
+    } catch (...) {
+        // There was no memory for the text.
+        return {E_OUTOFMEMORY, {}};
+    }
+}
+
+HRESULT handle_current_exception(const code_location& where) noexcept {
+    const caught_exception caught = describe_current_exception(where);
+    if (!caught.text.empty()) {
+        trace(where, caught.text);
+    }
+    return caught.result;
 }
 
 }  // namespace BugSlayerUtil
