@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/com.h"
+#include "tests/support/child_process.h"
 
 namespace {
 
@@ -14,6 +15,10 @@ public:
 }  // namespace
 
 int main(int argc, char** argv) {
+    int exit_code = 0;
+    if (test_support::run_child(argc, argv, exit_code)) {
+        return exit_code;
+    }
     testing::InitGoogleMock(&argc, argv);
     testing::AddGlobalTestEnvironment(new apartment);
     return RUN_ALL_TESTS();
