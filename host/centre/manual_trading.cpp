@@ -1,0 +1,84 @@
+#include "centre/manual_trading.h"
+
+#include "com/array.h"
+#include "com/text.h"
+#include "market/validation.h"
+
+namespace host {
+
+HRESULT manual_trading::SetAccount(BSTR sAccount) noexcept {
+    return guarded([&] {
+        m_session->account = to_utf8(sAccount);
+        return S_OK;
+    });
+}
+
+HRESULT manual_trading::GetAccounts(SAFEARRAY** ppAccounts) noexcept {
+    return guarded([&] {
+        if (ppAccounts == nullptr) {
+            return E_POINTER;
+        }
+        const std::vector<std::string> none;
+        *ppAccounts = make_array(m_session->connected ? m_session->accounts : none).release();
+        return S_OK;
+    });
+}
+
+HRESULT manual_trading::PlaceOrder(MTPA_OrdrActn action, MTPA_OrdrCtgry category, LONG quantity,
+                                   double stop_price, double limit_price, LONG time_in_force,
+                                   VARIANT* gtd_date) noexcept {
+    return guarded([&] {
+        if (gtd_date == nullptr || gtd_date->vt != VT_DATE) {
+            return E_INVALIDARG;
+        }
+        order_request request;
+        request.profile = m_session->name;
+        request.account = m_session->account;
+        request.instrument_id = m_session->instrument_id;
+        request.action = action;
+        request.category = category;
+        request.quantity = quantity;
+        request.stop_price = stop_price;
+        request.limit_price = limit_price;
+        request.time_in_force = time_in_force;
+        request.gtd_date = gtd_date->date;
+        return place(request);
+    });
+}
+
+HRESULT manual_trading::place(const order_request& request) {
+    if (!m_session->connected) {
+        m_desk.refuse(request, m_session->name + " is not connected");
+        return E_FAIL;
+    }
+    m_desk.place(request, m_session->accounts);
+    return S_OK;
+}
+
+HRESULT manual_trading::SetSymbol(SManualSymbol* pSymbol, BSTR sDataFeed) noexcept {
+    return guarded([&] {
+        if (pSymbol == nullptr) {
+            return E_POINTER;
+        }
+        const std::string name = to_utf8(pSymbol->Name);
+        const instrument* found = find_instrument(name);
+        m_session->instrument_id = found == nullptr ? 0 : found->id;
+        m_desk.on_event(
+            m_session->name + ": " +
+            (name.empty() ? std::string("no symbol") : "symbol " + name + ", feed " + to_utf8(sDataFeed)));
+        m_session->on_symbol();
+        return found == nullptr && !name.empty() ? E_INVALIDARG : S_OK;
+    });
+}
+
+HRESULT manual_trading::GetTimeInForces(MTPA_OrdrCtgry category, SAFEARRAY** ppCodes) noexcept {
+    return guarded([&] {
+        if (ppCodes == nullptr) {
+            return E_POINTER;
+        }
+        *ppCodes = make_array(offered_times_in_force(category)).release();
+        return S_OK;
+    });
+}
+
+}  // namespace host

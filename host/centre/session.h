@@ -1,0 +1,28 @@
+// What a paper profile and its order entry share.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace host {
+
+struct session {
+    // Never changes.
+    std::string outer_id;
+    std::string name;
+    std::string plugin;
+    std::vector<std::string> accounts;
+    // How long a connection takes.
+    unsigned connect_delay = 0;
+
+    bool connected = false;
+    // The account last set; the next orders are for it.
+    std::string account;
+    // The instrument last set, 0 for none.
+    int instrument_id = 0;
+    // A symbol was set: its quote is wanted.
+    std::function<void()> on_symbol = [] {};
+};
+
+}  // namespace host

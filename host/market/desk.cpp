@@ -1,0 +1,62 @@
+#include "market/desk.h"
+
+#include <utility>
+
+#include "market/price_text.h"
+
+namespace host {
+
+desk::desk(const options& settings, std::function<double()> now)
+    : m_now(std::move(now)),
+      m_feed(settings.seed, settings.frozen_quotes),
+      m_exchange(m_now, [this](const order& one) { on_order(one); }),
+      m_log(settings.order_log) {
+    for (const instrument& one : instruments()) {
+        m_exchange.on_quote(one.id, m_feed.get(one.id));
+    }
+}
+
+const order& desk::place(const order_request& request, const std::vector<std::string>& accounts) {
+    m_log.write(m_now(), request);
+    const order& placed = m_exchange.place(request, accounts);
+    std::string line = "Order " + std::to_string(placed.id) + ": " + describe(request) + ", ";
+    line += status_text(placed.status);
+    if (!placed.reason.empty()) {
+        line += " (" + placed.reason + ")";
+    }
+    on_event(line);
+    return placed;
+}
+
+void desk::refuse(const order_request& request, const std::string& why) {
+    m_log.write(m_now(), request);
+    on_event("Refused: " + describe(request) + ". " + why);
+}
+
+void desk::tick() {
+    m_exchange.end_of_day();
+    m_feed.tick();
+    for (const instrument& one : instruments()) {
+        m_exchange.on_quote(one.id, m_feed.get(one.id));
+    }
+}
+
+std::string describe(const order_request& request) {
+    const instrument* one = find_instrument(request.instrument_id);
+    std::string text(action_text(request.action));
+    text +=
+        " " + std::to_string(request.quantity) + " " + (one == nullptr ? std::string("?") : one->name) + " ";
+    text += category_text(request.category);
+    const int scale = one == nullptr ? 2 : one->scale;
+    if (category::has_stop(request.category)) {
+        text += " " + price_text(request.stop_price, scale);
+    }
+    if (category::has_limit(request.category)) {
+        text += " " + price_text(request.limit_price, scale);
+    }
+    text += " ";
+    text += time_in_force_text(request.time_in_force);
+    return text;
+}
+
+}  // namespace host
