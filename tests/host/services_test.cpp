@@ -176,7 +176,6 @@ TEST(HostSymbolMapping, TheProfileAndEverySymbolAreNamed) {
 }
 
 TEST(HostClassRegistry, AClassIsFoundWhileTheRegistryLives) {
-    ASSERT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
     const CLSID clsid{0x11a0c8c5, 0x5a2a, 0x4ef4, {0x8a, 0x43, 0x0d, 0x7f, 0x4c, 0x0f, 0x6b, 0x19}};
     IUnknown* made = nullptr;
     {
@@ -193,7 +192,6 @@ TEST(HostClassRegistry, AClassIsFoundWhileTheRegistryLives) {
     EXPECT_EQ(
         CoCreateInstance(clsid, nullptr, CLSCTX_ALL, __uuidof(IOnCommand), reinterpret_cast<void**>(&made)),
         REGDB_E_CLASSNOTREG);
-    CoUninitialize();
 }
 
 }  // namespace
