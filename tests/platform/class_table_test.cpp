@@ -55,9 +55,10 @@ protected:
 
 TEST_F(ClassTable, AnUnknownClassIsNotRegistered) {
     IUnknown* made = nullptr;
-    EXPECT_EQ(create(CLSCTX_ALL, made), REGDB_E_CLASSNOTREG);
+    EXPECT_EQ(create(CLSCTX_INPROC_SERVER, made), REGDB_E_CLASSNOTREG);
     EXPECT_EQ(made, nullptr);
-    EXPECT_EQ(CoCreateInstance(k_class, nullptr, CLSCTX_ALL, __uuidof(IUnknown), nullptr), E_POINTER);
+    EXPECT_EQ(CoCreateInstance(k_class, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IUnknown), nullptr),
+              E_POINTER);
 }
 
 TEST_F(ClassTable, ARegisteredClassIsMadeByItsFactory) {
@@ -72,13 +73,13 @@ TEST_F(ClassTable, ARegisteredClassIsMadeByItsFactory) {
     made->Release();
     EXPECT_EQ(CoRevokeClassObject(cookie), S_OK);
     EXPECT_EQ(factory.references, 1U);
-    EXPECT_EQ(create(CLSCTX_ALL, made), REGDB_E_CLASSNOTREG);
+    EXPECT_EQ(create(CLSCTX_INPROC_SERVER, made), REGDB_E_CLASSNOTREG);
 }
 
 TEST_F(ClassTable, ContextsMustMeet) {
     const DWORD cookie = add();
     IUnknown* made = nullptr;
-    EXPECT_EQ(create(CLSCTX_LOCAL_SERVER, made), REGDB_E_CLASSNOTREG);
+    EXPECT_EQ(create(CLSCTX_INPROC_HANDLER, made), REGDB_E_CLASSNOTREG);
     EXPECT_EQ(create(CLSCTX_INPROC_SERVER, made), S_OK);
     made->Release();
     CoRevokeClassObject(cookie);
