@@ -8,8 +8,9 @@
 
 namespace platform {
 
-// Text of the component's string table; nothing when the id does not exist. Any thread.
-std::optional<CString> load_string(UINT id);
+// Text of a module's string table; nothing when the id does not exist. A null module is the one that this
+// code is part of. Natively a process has one table, whatever the module. Any thread.
+std::optional<CString> load_string(UINT id, HMODULE module = nullptr);
 
 // Bytes of a resource of type "PNG", valid as long as the module is loaded; empty when the id does not
 // exist. Any thread.

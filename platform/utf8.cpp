@@ -48,7 +48,7 @@ void append(std::string& bytes, char32_t point) {
         return;
     }
     const int rest = point < 0x800 ? 1 : point < 0x10000 ? 2 : 3;
-    bytes += static_cast<char>((0xF00u >> rest) | (point >> (6 * rest)));
+    bytes += static_cast<char>((0xFF80u >> rest) | (point >> (6 * rest)));
     for (int i = rest - 1; i >= 0; --i) {
         bytes += static_cast<char>(0x80 | ((point >> (6 * i)) & 0x3F));
     }

@@ -2,6 +2,8 @@
 
 #include <unicode/unistr.h>
 
+#include "platform/utf8.h"
+
 namespace platform {
 namespace {
 
@@ -29,30 +31,10 @@ INSERT OR IGNORE INTO keys (id, folded, name) VALUES
 COMMIT;
 )";
 
-icu::UnicodeString unicode(const CString& text) {
-    static_assert(sizeof(wchar_t) == sizeof(UChar32));
-    return icu::UnicodeString::fromUTF32(reinterpret_cast<const UChar32*>(text.data()),
-                                         static_cast<std::int32_t>(text.size()));
-}
-
-std::string utf8(const CString& text) {
-    std::string result;
-    return unicode(text).toUTF8String(result);
-}
-
 // The form in which names are compared.
 std::string folded(const CString& text) {
     std::string result;
-    return unicode(text).foldCase().toUTF8String(result);
-}
-
-CString wide(const std::string& text) {
-    const auto from = icu::UnicodeString::fromUTF8(text);
-    CString result;
-    for (std::int32_t at = 0; at < from.length(); at = from.moveIndex32(at, 1)) {
-        result += static_cast<wchar_t>(from.char32At(at));
-    }
-    return result;
+    return icu::UnicodeString::fromUTF8(to_utf8(text)).foldCase().toUTF8String(result);
 }
 
 }  // namespace
@@ -87,7 +69,7 @@ registry_file::key_id registry_file::create(key_id root, const std::vector<CStri
             continue;
         }
         const std::string compared = folded(name);
-        const std::string shown = utf8(name);
+        const std::string shown = to_utf8(name);
         sqlite_statement(m_connection, "INSERT INTO keys (parent, folded, name) VALUES (?, ?, ?)")
             .bind(at)
             .bind(compared)
@@ -114,7 +96,7 @@ std::optional<CString> registry_file::nth_name(const char* sql, key_id key, DWOR
     if (!row.bind(key).bind(std::int64_t{index}).step()) {
         return {};
     }
-    return wide(row.text(0));
+    return from_utf8(row.text(0));
 }
 
 DWORD registry_file::count(const char* sql, key_id key) {
@@ -143,7 +125,7 @@ std::optional<registry_file::value> registry_file::read(key_id key, const CStrin
 
 void registry_file::write(key_id key, const CString& name, DWORD type, std::span<const std::byte> data) {
     const std::string compared = folded(name);
-    const std::string shown = utf8(name);
+    const std::string shown = to_utf8(name);
     sqlite_statement(m_connection,
                      "INSERT INTO entries (key, folded, name, type, data) VALUES (?, ?, ?, ?, ?) "
                      "ON CONFLICT (key, folded) DO UPDATE SET type = excluded.type, data = excluded.data")
