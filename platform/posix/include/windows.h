@@ -124,5 +124,15 @@ void SetLastError(DWORD error) noexcept;
 DWORD GetCurrentThreadId() noexcept;
 DWORD GetCurrentProcessId() noexcept;
 
+// A message of a thread's queue.
+struct MSG {
+    HWND hwnd;
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+    DWORD time;
+    POINT pt;
+};
+
 // Units before the terminator; 0 for null.
 int lstrlenW(LPCWSTR text) noexcept;
