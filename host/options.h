@@ -15,8 +15,8 @@ struct options {
     std::string dll;
     unsigned seed = 1;
     bool frozen_quotes = false;
-    int width = 1280;
-    int height = 800;
+    int width = 1440;
+    int height = 860;
 };
 
 // From the arguments after the program's name, UTF-8. Throws std::invalid_argument with a text for people.

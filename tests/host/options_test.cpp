@@ -14,19 +14,19 @@ TEST(HostOptions, WithNoneEverythingHasItsDefault) {
     EXPECT_EQ(value.dll, "");
     EXPECT_EQ(value.seed, 1u);
     EXPECT_FALSE(value.frozen_quotes);
-    EXPECT_EQ(value.width, 1280);
-    EXPECT_EQ(value.height, 800);
+    EXPECT_EQ(value.width, 1440);
+    EXPECT_EQ(value.height, 860);
 }
 
 TEST(HostOptions, EachIsRead) {
     const options value = parse_options({"--order-log", "o.jsonl", "--describe", "d.json", "--dll", "x.dll",
-                                         "--seed", "42", "--frozen-quotes", "--size", "1400x900"});
+                                         "--seed", "42", "--frozen-quotes", "--size", "1500x900"});
     EXPECT_EQ(value.order_log, "o.jsonl");
     EXPECT_EQ(value.describe, "d.json");
     EXPECT_EQ(value.dll, "x.dll");
     EXPECT_EQ(value.seed, 42u);
     EXPECT_TRUE(value.frozen_quotes);
-    EXPECT_EQ(value.width, 1400);
+    EXPECT_EQ(value.width, 1500);
     EXPECT_EQ(value.height, 900);
 }
 

@@ -1,0 +1,58 @@
+// The whole application: the desk, the classes that the bar creates, the frame and the bar.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "centre/trading_centre.h"
+#include "com/class_object.h"
+#include "window/bar.h"
+#include "window/component.h"
+#include "window/frame.h"
+#include "window/timer_scheduler.h"
+
+namespace host {
+
+class application final : public frame_events {
+public:
+    // Throws std::runtime_error. COM must be initialised on this thread, as an apartment.
+    explicit application(const options& settings);
+    ~application() override;
+
+    // Runs the message loop until the window is closed; gives the exit code.
+    int run();
+
+private:
+    void register_classes();
+    void start_bar();
+    void show_message(HWND owner, const std::string& text);
+    bool ask(HWND owner, const std::string& text);
+    const instrument* choose_from_menu(HWND owner);
+    void log(const std::string& text);
+    void refresh_status();
+
+    void on_choose(int instrument_id) override;
+    void on_cancel(int order_id) override;
+    void on_cancel_all() override;
+    void on_tick() override;
+    void on_describe() override;
+    void fill_profile_menu(HMENU menu) override;
+    void on_profile_command(int id) override;
+    bool may_close() override;
+    void on_closing() override;
+
+    options m_settings;
+    desk m_desk;
+    timer_scheduler m_scheduler;
+    LONG m_masters = 0;
+    ref<profiles> m_profiles;
+    // Before the registry, so that no class is created while the frame is gone.
+    std::unique_ptr<frame> m_frame;
+    class_registry m_classes;
+    std::unique_ptr<component> m_component;
+    bar m_bar;
+    // What the profile menu shows.
+    std::vector<bar_command> m_commands;
+};
+
+}  // namespace host
