@@ -27,8 +27,10 @@ public:
             return S_OK;
         } catch (...) {
             caught = describe_current_exception(this->where());
-            if (Reaction::throws && caught.text.empty()) {
-                throw std::bad_alloc();
+            if constexpr (Reaction::throws) {
+                if (caught.text.empty()) {
+                    throw;
+                }
             }
         }
         if (!caught.text.empty()) {

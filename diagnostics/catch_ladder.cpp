@@ -7,6 +7,7 @@
 #include "diagnostics/BugSlayerUtil.h"
 #include "diagnostics/IDebugObject.h"
 #include "diagnostics/formatted_text.h"
+#include "platform/process.h"
 
 namespace BugSlayerUtil {
 namespace {
@@ -42,6 +43,7 @@ caught_exception described(const code_location& where) {
 }  // namespace
 
 caught_exception describe_current_exception(const code_location& where) noexcept {
+    const platform::last_error_keeper keeper;
     try {
         return described(where);
     } catch (...) {

@@ -56,9 +56,6 @@ public:
     // What every call does before it returns, such as leaving another last error behind; null is nothing.
     virtual void at_each_step(void (*action)()) noexcept = 0;
 
-    // Where each step is printed as a line as it happens; null is nowhere. For a process that ends.
-    virtual void print_to(const wchar_t* path) noexcept = 0;
-
 protected:
     ~debug_steps() = default;
 };

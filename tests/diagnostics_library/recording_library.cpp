@@ -1,7 +1,6 @@
 // A diagnostics library that keeps every call it gets and answers as it is told. It implements
 // IDebugObject from its header alone.
 #include <atomic>
-#include <cstdio>
 #include <map>
 #include <mutex>
 #include <string>
@@ -68,18 +67,10 @@ public:
     void answer(const wchar_t* what, HRESULT result) noexcept override { m_answers[what] = result; }
     void give_no_record(bool none) noexcept override { m_give_no_record = none; }
     void at_each_step(void (*action)()) noexcept override { m_action = action; }
-    void print_to(const wchar_t* path) noexcept override {
-        const std::wstring wide = path == nullptr ? L"" : path;
-        m_print_path.clear();
-        for (const wchar_t c : wide) {
-            m_print_path += static_cast<char>(c);
-        }
-    }
 
     HRESULT note(const wchar_t* what, unsigned record, const recorded_field& field = {}) {
         const std::lock_guard guard(m_lock);
         m_steps.push_back({what, record, field});
-        print(m_steps.back());
         if (m_action != nullptr) {
             m_action();
         }
@@ -98,22 +89,10 @@ public:
     }
 
 private:
-    void print(const debug_step& step) {
-        if (m_print_path.empty()) {
-            return;
-        }
-        if (std::FILE* const file = std::fopen(m_print_path.c_str(), "ab")) {
-            std::fprintf(file, "%ls %ls=%ls%lld\n", step.what.c_str(), step.field.name.c_str(),
-                         step.field.value.text.c_str(), static_cast<long long>(step.field.value.integer));
-            std::fclose(file);
-        }
-    }
-
     std::recursive_mutex m_lock;
     std::vector<debug_step> m_steps;
     std::vector<processed_record> m_records;
     std::map<std::wstring, HRESULT> m_answers;
-    std::string m_print_path;
     void (*m_action)() = nullptr;
     bool m_give_no_record = false;
 };

@@ -118,8 +118,3 @@ void diagnostics_recorder::at_each_step(void (*action)()) {
     const std::lock_guard guard(*m_steps);
     m_steps->at_each_step(action);
 }
-
-void diagnostics_recorder::print_to(const std::wstring& path) {
-    const std::lock_guard guard(*m_steps);
-    m_steps->print_to(path.c_str());
-}

@@ -46,7 +46,6 @@ public:
     void answer(const std::wstring& what, HRESULT result);
     void give_no_record(bool none);
     void at_each_step(void (*action)());
-    void print_to(const std::wstring& path);
 
 private:
     debug_steps* m_steps;
