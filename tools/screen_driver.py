@@ -1,0 +1,172 @@
+"""Drives the reference host on a display by real mouse and keyboard input.
+
+What is on the screen is read from the description that the host writes of its own windows ten times a
+second; nothing is sent to it but input. Every wait is for a condition and fails with what was seen.
+"""
+
+import json
+import os
+import subprocess
+import time
+
+TIMEOUT = 60.0
+
+
+class ScreenError(Exception):
+    """The screen did not come to the state that the script waited for."""
+
+
+class Screen:
+    """One running host."""
+
+    def __init__(self, root, folder, *options):
+        self.folder = folder
+        self.order_log = os.path.join(folder, "orders.jsonl")
+        self._description = os.path.join(folder, "windows.json")
+        self._pictures = 0
+        for path in (self.order_log, self._description):
+            if os.path.exists(path):
+                os.remove(path)
+        command = [os.path.join(root, "tools", "run-host"), "--describe", self._description]
+        command += ["--order-log", self.order_log, *options]
+        self._process = subprocess.Popen(command, cwd=root)
+
+    # Reading
+
+    def windows(self):
+        """The visible windows of the newest description; none before the first."""
+        try:
+            with open(self._description, encoding="utf-8") as file:
+                return [one for one in json.load(file)["windows"] if one["visible"]]
+        except FileNotFoundError:
+            return []
+
+    def find(self, **wanted):
+        """The visible windows whose properties are as wanted."""
+        return [one for one in self.windows() if all(one.get(key) == value for key, value in wanted.items())]
+
+    def orders(self):
+        """The complete lines of the order log."""
+        try:
+            with open(self.order_log, encoding="utf-8") as file:
+                return [json.loads(line) for line in file if line.endswith("\n")]
+        except FileNotFoundError:
+            return []
+
+    def wait(self, what, condition):
+        """The first true answer of the condition. Raises ScreenError when none comes."""
+        end = time.monotonic() + TIMEOUT
+        while time.monotonic() < end:
+            found = condition()
+            if found:
+                return found
+            if self._process.poll() is not None:
+                raise ScreenError(f"the host ended with {self._process.returncode} while waiting for {what}")
+            time.sleep(0.03)
+        self.picture("failed")
+        raise ScreenError(f"waited in vain for {what}; the screen had:\n{self._summary()}")
+
+    def _summary(self):
+        return "\n".join(
+            f"  {one['class']} {one['id']} {one['rect']} enabled={one['enabled']} {one['text'][:60]!r}"
+            for one in self.windows()
+        )
+
+    def control(self, item, kind):
+        """An enabled control by dialog item and window class that has come to rest."""
+        last = []
+
+        def resting():
+            found = self.find(id=item, **{"class": kind}, enabled=True)
+            place = [one["rect"] for one in found]
+            still = bool(found) and place == last
+            last[:] = place
+            return found[0] if still and len(found) == 1 else None
+
+        return self.wait(f"{kind} {item}", resting)
+
+    def text_of(self, item, kind):
+        found = self.find(id=item, **{"class": kind})
+        return found[0]["text"] if found else None
+
+    # Acting
+
+    def _xdotool(self, *arguments):
+        subprocess.run(["xdotool", *map(str, arguments)], check=True)
+
+    def click(self, rect, part=0.5):
+        """Clicks at a part of the width, in the middle of the height."""
+        x = int(rect[0] + (rect[2] - rect[0]) * part)
+        y = (rect[1] + rect[3]) // 2
+        self._xdotool("mousemove", x, y, "click", 1)
+
+    def key(self, *names):
+        self._xdotool("key", *names)
+
+    def type_over(self, item, text, shown=None):
+        """Replaces the text of an edit control, as a person would, and waits until it shows."""
+        edit = self.control(item, "Edit")
+        self.click(edit["rect"], 0.25)
+        self.wait(f"the focus in edit {item}", lambda: self.find(id=item, **{"class": "Edit"}, focus=True))
+        self.key("Home", "shift+End")
+        self._xdotool("type", "--delay", "30", text)
+        wanted = text if shown is None else shown
+        self.wait(f"{wanted!r} in edit {item}", lambda: self.text_of(item, "Edit") == wanted)
+
+    def choose(self, item, text):
+        """Opens a drop-down list by mouse and clicks the item that starts with the text."""
+        combo = self.control(item, "ComboBox")
+        index = next((n for n, one in enumerate(combo["items"]) if one.startswith(text)), None)
+        if index is None:
+            raise ScreenError(f"list {item} has no {text!r} but {combo['items']}")
+        if combo["selected"] == index:
+            return
+        self.click(combo["rect"])
+        listed = self.wait(f"the open list of {item}", lambda: self._open_list(item))
+        left, top, right, bottom = listed["rect"]
+        height = (bottom - top - 2) / len(combo["items"])
+        middle = top + 1 + height * (index + 0.5)
+        self.click([left, middle - 1, right, middle + 1], 0.3)
+        self.wait(
+            f"{text!r} chosen in list {item}",
+            lambda: self.find(id=item, **{"class": "ComboBox"}, selected=index, dropped=False),
+        )
+
+    def _open_list(self, item):
+        dropped = self.find(id=item, **{"class": "ComboBox"}, dropped=True)
+        lists = self.find(**{"class": "ComboLBox"})
+        return lists[0] if dropped and len(lists) == 1 else None
+
+    def row(self, item, column, text):
+        """The row of a list view that has the text in the column."""
+
+        def look():
+            for one in self.find(id=item, **{"class": "SysListView32"}):
+                for row in one["rows"]:
+                    if row["texts"][column] == text:
+                        return row
+            return None
+
+        return self.wait(f"row {text!r}", look)
+
+    def press_button(self, item):
+        self.click(self.control(item, "Button")["rect"])
+
+    def picture(self, name):
+        """Takes a picture of the whole screen; the names are numbered."""
+        self._pictures += 1
+        path = os.path.join(self.folder, f"{self._pictures:02d}-{name}.png")
+        subprocess.run(["import", "-window", "root", path], check=True)
+
+    def ended(self):
+        """Waits for the host's end and gives its exit code."""
+        try:
+            return self._process.wait(TIMEOUT)
+        except subprocess.TimeoutExpired:
+            raise ScreenError("the host does not end") from None
+
+    def stop(self):
+        """Ends a host that is still there."""
+        if self._process.poll() is None:
+            self._process.terminate()
+            self._process.wait(TIMEOUT)

@@ -1,0 +1,170 @@
+"""A session with the order bar as its user has it: one order of each type, by mouse and keyboard.
+
+    screen_session.py [FOLDER]
+
+Leaves a picture of every step and the order log in the folder (out/session by default), prints what was
+asked for beside what arrived at the trading centre, and fails when they differ.
+"""
+
+import datetime
+import math
+import os
+import subprocess
+import sys
+
+from screen_driver import Screen, ScreenError
+
+ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+
+# Dialog items of the order row, and windows of the host.
+SYMBOL, TYPE, QUANTITY, STOP, LIMIT = 203, 206, 209, 214, 217
+ACCOUNT, TIME_IN_FORCE, DATE = 220, 222, 228
+BUTTONS = {"buy": 225, "sell": 227}
+INSTRUMENTS, BLOTTER = 1001, 1002
+
+ACTIONS = {"buy": 1, "sell": 2}
+TYPES = {"market": (1, "市價單"), "stop": (2, "停止單"), "limit": (3, "限價單"), "stop limit": (4, "停止限價單")}
+TIMES = {"DAY": 1, "GTC": 2, "GTD": 3, "IOC": 4, "FOK": 5, "AON": 6}
+
+# Prices stand as typed and as the number that has to arrive.
+ORDERS = [
+    {"symbol": "2330", "by": "mouse", "side": "buy", "type": "market", "quantity": 300, "time": "IOC"},
+    {"symbol": "ESZ6", "by": "keyboard", "side": "sell", "type": "stop", "quantity": 2, "time": "GTC",
+     "stop": ("6000 1/4", 6000.25)},
+    {"symbol": "ZBZ6", "by": "mouse", "side": "buy", "type": "limit", "quantity": 3, "time": "AON",
+     "limit": ("117 5/32", 117.15625), "account": "DEMO-102"},
+    {"symbol": "EURUSD", "by": "mouse", "side": "buy", "type": "stop limit", "quantity": 4, "time": "GTD",
+     "stop": ("1.09001", 1.09001), "limit": ("1.09105", 1.09105), "account": "模擬帳戶-1"},
+]
+
+
+def ole_day(day):
+    return (day - datetime.date(1899, 12, 30)).days
+
+
+def expected(order):
+    """The seven arguments; the date as its day, since its time of day is the moment the tab was made."""
+    return {
+        "action": ACTIONS[order["side"]],
+        "category": TYPES[order["type"]][0],
+        "quantity": order["quantity"],
+        "stop_price": order.get("stop", ("", 0.0))[1],
+        "limit_price": order.get("limit", ("", 0.0))[1],
+        "time_in_force": TIMES[order["time"]],
+        "gtd_date": ole_day(datetime.date.today()),
+    }
+
+
+def forget_earlier_sessions():
+    """What the bar remembers of earlier runs would be one more input."""
+    key = r"HKCU\SOFTWARE\OrderDeck\OrderDeck Host\Order Deck"
+    subprocess.run([os.path.join(ROOT, "tools", "wine-run"), "reg", "delete", key, "/f"],
+                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
+
+
+def select_tab(screen, name):
+    def tab():
+        for strip in screen.find(**{"class": "SysTabControl32"}):
+            for index, item in enumerate(strip["items"]):
+                if item["text"] == name:
+                    return strip, index, item
+        return None
+
+    strip, index, item = screen.wait(f"tab {name!r}", tab)
+    if strip["selected"] != index:
+        screen.click(item["rect"])
+    screen.wait(f"tab {name!r} selected", lambda: tab()[0]["selected"] == index)
+
+
+def set_symbol(screen, order):
+    if order["by"] == "mouse":
+        screen.click(screen.row(INSTRUMENTS, 0, order["symbol"])["rect"], 0.1)
+    else:
+        screen.type_over(SYMBOL, order["symbol"].lower())
+        screen.key("Return")
+    screen.wait(f"symbol {order['symbol']} on the tab",
+                lambda: screen.text_of(SYMBOL, "Edit") == order["symbol"])
+
+
+def fill_in(screen, order):
+    set_symbol(screen, order)
+    screen.choose(TYPE, TYPES[order["type"]][1])
+    screen.choose(TIME_IN_FORCE, order["time"])
+    if "account" in order:
+        screen.choose(ACCOUNT, order["account"])
+    screen.type_over(QUANTITY, str(order["quantity"]))
+    if "stop" in order:
+        screen.type_over(STOP, order["stop"][0])
+    if "limit" in order:
+        screen.type_over(LIMIT, order["limit"][0])
+
+
+def play(screen):
+    select_tab(screen, "Paper")
+    screen.picture("start")
+    for number, order in enumerate(ORDERS, 1):
+        name = order["type"].replace(" ", "-")
+        fill_in(screen, order)
+        screen.picture(f"{name}-filled-in")
+        screen.press_button(BUTTONS[order["side"]])
+        screen.wait(f"order {number} in the log", lambda: len(screen.orders()) >= number)
+        screen.wait(f"order {number} in the blotter",
+                    lambda: [one for one in screen.find(id=BLOTTER) if len(one["rows"]) >= number])
+        screen.picture(f"{name}-sent")
+    close(screen)
+
+
+def close(screen):
+    """Leaves by the window's close key; the host asks since orders are still live."""
+    screen.key("alt+F4")
+    yes = screen.wait("the question about live orders",
+                      lambda: [one for one in screen.find(**{"class": "Button"}) if one["text"] == "&Yes"])
+    screen.picture("closing")
+    screen.click(yes[0]["rect"])
+    code = screen.ended()
+    if code != 0:
+        raise ScreenError(f"the host ended with {code}")
+
+
+def compare(arrived):
+    """Prints the table; true when all that was asked for arrived, and nothing else."""
+    print(f"{'order':<12} {'argument':<15} {'asked':>12} {'arrived':>18}")
+    same = len(arrived) == len(ORDERS)
+    for order, line in zip(ORDERS, arrived):
+        for name, asked in expected(order).items():
+            got = line[name]
+            equal = (math.floor(got) if name == "gtd_date" else got) == asked
+            same = same and equal
+            print(f"{order['type']:<12} {name:<15} {asked!r:>12} {got!r:>18}{'' if equal else '  DIFFERS'}")
+        for name in ("symbol", "account"):
+            if order.get(name, line[name]) != line[name]:
+                same = False
+                print(f"{order['type']:<12} {name:<15} {order[name]!r:>12} {line[name]!r:>18}  DIFFERS")
+    if len(arrived) != len(ORDERS):
+        print(f"{len(ORDERS)} orders were pressed, {len(arrived)} arrived")
+    return same
+
+
+def main():
+    folder = os.path.abspath(sys.argv[1] if len(sys.argv) > 1 else os.path.join(ROOT, "out", "session"))
+    os.makedirs(folder, exist_ok=True)
+    for name in os.listdir(folder):
+        if name.endswith(".png"):
+            os.remove(os.path.join(folder, name))
+    forget_earlier_sessions()
+    screen = Screen(ROOT, folder, "--frozen-quotes", "--seed", "7")
+    try:
+        play(screen)
+    except ScreenError as error:
+        print(f"session: {error}", file=sys.stderr)
+        return 1
+    finally:
+        screen.stop()
+    if not compare(screen.orders()):
+        return 1
+    print(f"session: {len(ORDERS)} orders, all as asked; pictures in {folder}")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
