@@ -44,6 +44,8 @@ private:
 
     template <class T>
     static com_ptr<T> _create_command();
+    template <class T>
+    static com_ptr<IUnknown> _create_command_of(const com_ptr<CProfileWrap>& profile);
 
     HWND m_hWnd = nullptr;
     com_ptr<SW::IOnCommand> m_pOnCommand;

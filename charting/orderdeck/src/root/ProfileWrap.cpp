@@ -1,36 +1,27 @@
 #include "charting/orderdeck/src/root/ProfileWrap.h"
 
 #include "diagnostics/BugSlayerUtil.h"
+#include "platform/com_create.h"
 
 namespace OV_OrderDeck {
 
 HRESULT CProfileWrap::connection::advise(IUnknown* sink, IConnectionPointContainer* container) {
-    release();
+    // A host that no longer knows the old cookie has nothing left to undo.
+    unadvise();
     HRESULT hr =
         container->FindConnectionPoint(__uuidof(ITC_TradingProfileDataChange), platform::receive(m_pCP));
     if (hr == S_OK) {
         hr = m_pCP ? m_pCP->Advise(sink, &m_dwCookie) : E_POINTER;
     }
     if (hr != S_OK) {
-        m_dwCookie = s_no_cookie;
+        m_dwCookie = platform::not_advised;
         m_pCP.reset();
     }
     return hr;
 }
 
 HRESULT CProfileWrap::connection::unadvise() {
-    HRESULT hr = S_OK;
-    if (m_pCP && m_dwCookie != s_no_cookie) {
-        hr = m_pCP->Unadvise(m_dwCookie);
-    }
-    m_dwCookie = s_no_cookie;
-    m_pCP.reset();
-    return hr;
-}
-
-void CProfileWrap::connection::release() {
-    // A host that no longer knows the cookie has nothing left to undo.
-    static_cast<void>(unadvise());
+    return platform::unadvise(m_pCP, m_dwCookie);
 }
 
 CProfileWrap::CProfileWrap(ITC_TradingProfile* pProfile) : m_pProfile(pProfile) {
@@ -114,17 +105,8 @@ void CProfileWrap::Connect() {
 }
 
 bool CProfileWrap::user_agrees(HWND hParent, ITC_TradingProfile* pProfile) {
-    com_ptr<IUnknown> object;
-    HRESULT hr = CoCreateInstance(CLSID_DisconnectConfirmer, nullptr, CLSCTX_ALL, __uuidof(IUnknown),
-                                  static_cast<void**>(platform::receive(object)));
-    if (SUCCEEDED(hr)) {
-        hr = OleRun(object.get());
-    }
     com_ptr<IDisconnectConfirmer> confirmer;
-    if (SUCCEEDED(hr)) {
-        hr = object->QueryInterface(__uuidof(IDisconnectConfirmer),
-                                    static_cast<void**>(platform::receive(confirmer)));
-    }
+    const HRESULT hr = platform::create_running(CLSID_DisconnectConfirmer, confirmer);
     if (FAILED(hr)) {
         BugSlayerUtil::assertion(BS_HERE, "SUCCEEDED(hr)", hr);
         _com_issue_error(hr);

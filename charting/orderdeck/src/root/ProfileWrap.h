@@ -3,6 +3,7 @@
 #include "TradingCenter.h"
 #include "charting/orderdeck/interface/IOD_ProfileDataChange.h"
 #include "platform/com_object.h"
+#include "platform/connection_point.h"
 #include "platform/text.h"
 
 namespace OV_OrderDeck {
@@ -49,15 +50,13 @@ private:
     // Where the wrapper is advised. Undone last when a wrapper dies, after the profile was released.
     class connection {
     public:
-        ~connection() { release(); }
+        ~connection() { unadvise(); }
         HRESULT advise(IUnknown* sink, IConnectionPointContainer* container);
         HRESULT unadvise();
-        void release();
 
     private:
-        static constexpr DWORD s_no_cookie = 0xFFFFFFFF;
         com_ptr<IConnectionPoint> m_pCP;
-        DWORD m_dwCookie = s_no_cookie;
+        DWORD m_dwCookie = platform::not_advised;
     };
 
     enum tri_state : BYTE { no = 0, yes = 1, not_asked = 2 };
