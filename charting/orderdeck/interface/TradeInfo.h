@@ -4,6 +4,7 @@
 
 #include "OrderDeck.h"
 #include "platform/text.h"
+#include "unicomp/datetimeutils/interface/DateTime.h"
 
 namespace OV_OrderDeck {
 
@@ -25,13 +26,14 @@ public:
     // stays null. An invalid record is reported and copied all the same.
     void copy_to(OD_SSymbolInfo& info) const;
 
+    // The expiry as an OLE date.
+    double expiry_date() const;
+
     // The record holds a symbol.
     bool valid() const { return m_bValid; }
     // Reports a record that is not valid.
     void _check() const;
 
-    // 100 nanoseconds since 0001-01-01 of the stamp that stands for no date.
-    static constexpr LONGLONG no_expiry = 599266080000000000;
     static constexpr LONG no_category = 254;
     static constexpr LONG not_set = 0x7FFFFFFF;
     static constexpr BYTE side_not_set = 2;
@@ -45,7 +47,7 @@ public:
     _bstr_t Exchange;
     _bstr_t ExchangeTZI;
     LONG Category = no_category;
-    LONGLONG Expiry = no_expiry;
+    ovDateTime::SDateTime Expiry;
     LONG PriceScaleCode = not_set;
     double MinMovement = std::numeric_limits<double>::max();
     double BigPointValue = std::numeric_limits<double>::max();
@@ -55,8 +57,7 @@ public:
     LONG Currency = not_set;
 
 private:
-    template <class Take>
-    void assign(const OD_SSymbolInfo& info, Take take);
+    void take_values(const OD_SSymbolInfo& info);
 };
 
 // Whether a new record would change anything: validity, name, category, data feed and exchange. Nothing

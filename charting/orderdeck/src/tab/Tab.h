@@ -65,6 +65,9 @@ public:
     // The quantity as its field shows it.
     _variant_t _get_quantity();
     const CControlsHolder& get_Controls() const { return *m_controls; }
+    // Keeps the tab alive over a call that may dispatch messages, in which the host may remove the
+    // profile. Empty for a tab that the bar doesn't hold.
+    boost::shared_ptr<ITab> _keep_alive();
 
 private:
     void _make_controls();

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/text.h"
+
+namespace OV_OrderDeck {
+
+// The data feed that serves the symbols of a broker plug-in, empty for an unknown plug-in. The
+// association behind it is read on first use and kept for the process. Bar's thread. Throws _com_error
+// while there is no settings root.
+CString data_feed_of_plugin(const CString& plugin);
+
+}  // namespace OV_OrderDeck
