@@ -1,6 +1,7 @@
 #include "platform/number_text.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace platform {
 namespace {
@@ -81,6 +82,21 @@ plain_number round_plain_number(const plain_number& number, UINT decimals) {
         result.fraction = digits.substr(digits.size() - decimals);
     }
     result.negative = number.negative && !(all_zeros(result.whole) && all_zeros(result.fraction));
+    return result;
+}
+
+CString group_digits(const CString& digits, UINT grouping, const CString& separator) {
+    std::vector<std::size_t> sizes;
+    for (UINT rest = grouping; rest > 0; rest /= 10) {
+        sizes.insert(sizes.begin(), rest % 10);
+    }
+    CString result = digits;
+    std::size_t position = digits.size();
+    for (std::size_t i = 0; i < sizes.size() && sizes[i] > 0 && position > sizes[i];) {
+        position -= sizes[i];
+        result.insert(position, separator);
+        i += i + 1 < sizes.size() ? 1 : 0;
+    }
     return result;
 }
 

@@ -29,4 +29,8 @@ std::optional<plain_number> parse_plain_number(const CString& text);
 // exactly that many; a number without any digit but 0 is no longer negative.
 plain_number round_plain_number(const plain_number& number, UINT decimals);
 
+// Digits with separators. Sizes are folded into one integer, the first digit being the rightmost group;
+// the last size repeats, unless it is 0, which ends the grouping.
+CString group_digits(const CString& digits, UINT grouping, const CString& separator);
+
 }  // namespace platform

@@ -4,7 +4,6 @@
 #include <charconv>
 #include <cstdlib>
 #include <memory>
-#include <vector>
 
 #include <unicode/uloc.h>
 #include <unicode/unum.h>
@@ -69,22 +68,6 @@ UINT negative_form(const UNumberFormat* format) {
     return attribute(format, UNUM_NEGATIVE_SUFFIX).empty() ? 1 : 3;
 }
 
-// Group sizes from the right: the last repeats, unless it is 0, which ends the grouping.
-CString with_groups(const CString& digits, const number_format& format) {
-    std::vector<std::size_t> sizes;
-    for (UINT rest = format.grouping; rest > 0; rest /= 10) {
-        sizes.insert(sizes.begin(), rest % 10);
-    }
-    CString result = digits;
-    std::size_t position = digits.size();
-    for (std::size_t i = 0; i < sizes.size() && sizes[i] > 0 && position > sizes[i];) {
-        position -= sizes[i];
-        result.insert(position, format.group_separator);
-        i += i + 1 < sizes.size() ? 1 : 0;
-    }
-    return result;
-}
-
 CString with_minus(const CString& text, UINT form) {
     switch (form) {
         case 0:
@@ -128,7 +111,7 @@ std::optional<CString> icu_number_locale::format_number(const CString& text, con
     if (rounded.whole.size() > longest_result) {
         return std::nullopt;
     }
-    CString result = with_groups(rounded.whole, format);
+    CString result = group_digits(rounded.whole, format.grouping, format.group_separator);
     if (result.empty() && (format.leading_zero != 0 || format.decimals == 0)) {
         result = L"0";
     }

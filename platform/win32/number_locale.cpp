@@ -12,6 +12,7 @@ namespace {
 
 constexpr UINT most_decimals = 9;
 constexpr UINT last_negative_form = 4;
+constexpr std::size_t longest_result = 254;
 
 CString locale_text(LCTYPE type) {
     std::array<wchar_t, 10> buffer{};
@@ -36,12 +37,34 @@ void shorten_exponent(CString& text) {
     }
 }
 
+// The number as the system takes it, rounded already: it groups by the digits before rounding, and keeps
+// the minus of what rounds to 0.
+CString plain_text(const plain_number& number) {
+    CString text = (number.negative ? L"-" : L"") + (number.whole.empty() ? L"0" : number.whole);
+    if (!number.fraction.empty()) {
+        text += L"." + number.fraction;
+    }
+    return text;
+}
+
+// Whether the result is short enough. Asked before the system is: not every one survives a longer result.
+bool fits(const plain_number& number, const number_format& format) {
+    if (number.whole.size() > longest_result) {
+        return false;
+    }
+    constexpr std::size_t longest_sign = 2;
+    const std::size_t sign = number.negative ? (format.negative_form % 2 == 0 ? longest_sign : 1) : 0;
+    const std::size_t fraction = format.decimals > 0 ? format.decimal_separator.size() + format.decimals : 0;
+    const std::size_t whole = group_digits(number.whole, format.grouping, format.group_separator).size();
+    return sign + std::max<std::size_t>(whole, 1) + fraction <= longest_result;
+}
+
 std::optional<CString> system_format(const CString& text, const number_format& format) {
     CString decimal = format.decimal_separator;
     CString group = format.group_separator;
     const NUMBERFMTW record{format.decimals, format.leading_zero, format.grouping,
                             decimal.data(),  group.data(),        format.negative_form};
-    std::array<wchar_t, 255> buffer{};
+    std::array<wchar_t, longest_result + 1> buffer{};
     const int length = GetNumberFormatW(format.locale, 0, text.c_str(), &record, buffer.data(),
                                         static_cast<int>(buffer.size()));
     return length > 0 ? std::optional<CString>(buffer.data()) : std::nullopt;
@@ -65,15 +88,16 @@ public:
         if (!number || format.decimals > most_decimals || format.negative_form > last_negative_form) {
             return std::nullopt;
         }
-        // The system keeps the minus of a number that rounds to 0, and gives no digit at all for 0 without
-        // a leading zero.
         const plain_number rounded = round_plain_number(*number, format.decimals);
+        if (!fits(rounded, format)) {
+            return std::nullopt;
+        }
+        // The system gives no digit at all for 0 without decimals and without a leading zero.
         number_format adjusted = format;
-        if (format.decimals == 0 && rounded.whole.find_first_not_of(L'0') == CString::npos) {
+        if (format.decimals == 0 && rounded.whole.empty()) {
             adjusted.leading_zero = 1;
         }
-        const bool minus_lost = number->negative && !rounded.negative;
-        return system_format(minus_lost ? text.substr(1) : text, adjusted);
+        return system_format(plain_text(rounded), adjusted);
     }
 
     CString double_to_text(double value) override {
