@@ -5,7 +5,7 @@ set(gtest_force_shared_crt ON)
 add_subdirectory(/usr/src/googletest "${PROJECT_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)
 
 # orderdeck_add_tests(NAME program SOURCES ... [WINDOWS ...] [NATIVE ...] LIBRARIES ... [LABELS ...]
-#                     [COMPANY name] [PRODUCT name] [NO_VERSION_BLOCK])
+#                     [PRODUCT name] [NO_COMPANY] [NO_PRODUCT] [NO_VERSION_BLOCK])
 #
 # A test program and its one CTest entry. Programs, not cases, are the entries: starting a program
 # is what costs. A program writes its results to <build>/test-results/<program>.xml.
@@ -13,7 +13,7 @@ add_subdirectory(/usr/src/googletest "${PROJECT_BINARY_DIR}/googletest" EXCLUDE_
 # It has the component's strings and pictures, and a version block whose company is "OrderDeck Tests" and
 # whose product is the program's name unless told otherwise: each program has settings of its own.
 function(orderdeck_add_tests)
-  cmake_parse_arguments(arg "NO_VERSION_BLOCK" "NAME;COMPANY;PRODUCT" "SOURCES;WINDOWS;NATIVE;LIBRARIES;LABELS" ${ARGN})
+  cmake_parse_arguments(arg "NO_COMPANY;NO_PRODUCT;NO_VERSION_BLOCK" "NAME;PRODUCT" "SOURCES;WINDOWS;NATIVE;LIBRARIES;LABELS" ${ARGN})
   if(WIN32)
     list(APPEND arg_SOURCES ${arg_WINDOWS})
   else()
@@ -22,14 +22,17 @@ function(orderdeck_add_tests)
   add_executable(${arg_NAME} ${arg_SOURCES})
   target_link_libraries(${arg_NAME} PRIVATE ${arg_LIBRARIES} orderdeck_test_support orderdeck_resources)
   if(NOT arg_NO_VERSION_BLOCK)
-    if(NOT DEFINED arg_COMPANY)
-      set(arg_COMPANY "OrderDeck Tests")
+    set(names)
+    if(NOT arg_NO_COMPANY)
+      list(APPEND names COMPANY "OrderDeck Tests")
     endif()
-    if(NOT DEFINED arg_PRODUCT)
-      set(arg_PRODUCT "${arg_NAME}")
+    if(NOT arg_NO_PRODUCT)
+      if(NOT arg_PRODUCT)
+        set(arg_PRODUCT "${arg_NAME}")
+      endif()
+      list(APPEND names PRODUCT "${arg_PRODUCT}")
     endif()
-    orderdeck_version_block(${arg_NAME} COMPANY "${arg_COMPANY}" PRODUCT "${arg_PRODUCT}"
-                            DESCRIPTION "Tests of OrderDeck")
+    orderdeck_version_block(${arg_NAME} ${names} DESCRIPTION "Tests of OrderDeck")
   endif()
   set_target_properties(${arg_NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
   set(results "${PROJECT_BINARY_DIR}/test-results")

@@ -1,6 +1,6 @@
 # The version block of a program or library: one set of values for both systems.
 #
-# orderdeck_version_block(target COMPANY name PRODUCT name DESCRIPTION text)
+# orderdeck_version_block(target [COMPANY name] [PRODUCT name] DESCRIPTION text)
 #
 # The settings that a program's bar keeps lie under its company and product.
 set(_orderdeck_version_block "${CMAKE_CURRENT_LIST_DIR}")

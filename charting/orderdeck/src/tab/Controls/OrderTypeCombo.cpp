@@ -2,7 +2,7 @@
 
 #include "charting/orderdeck/src/tab/Controls/Usable.h"
 #include "charting/orderdeck/src/tab/Tab.h"
-#include "unicomp/Simples/resource_string.h"
+#include "unicomp/Simples/interface/resource_string.h"
 
 namespace OV_OrderDeck {
 

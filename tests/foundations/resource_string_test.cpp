@@ -1,0 +1,102 @@
+#include "unicomp/Simples/interface/resource_string.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "tests/support/diagnostics_recorder.h"
+
+namespace {
+
+using resource_string::resourse_2_string_impl;
+
+const std::map<UINT, CString>& all_texts() {
+    static const std::map<UINT, CString> texts{
+        {100, L"OrderDeck"},
+        {101, L"設定經紀商..."},
+        {102, L"無經紀商"},
+        {103, L"已斷線"},
+        {104, L"已連線"},
+        {105, L"連線"},
+        {106, L"斷線"},
+        {107, L"設定經紀商"},
+        {108, L"下單匣"},
+        {109, L"K"},
+        {110, L"M"},
+        {111, L"選擇商品"},
+        {113, L"DAY(當日有效)"},
+        {114, L"GTC(取消前有效)"},
+        {115, L"GTD(到期前有效)"},
+        {116, L"IOC(立即成交否則取消)"},
+        {117, L"賣價"},
+        {118, L"買價"},
+        {119, L"請手動輸入商品名稱。"},
+        {120, L"目前尚未連線至 %s 。是否建立連線?"},
+        {121, L"搜尋"},
+        {122, L"請輸入 %d 至 %d 的數值。"},
+        {123, L"%s 已連線，目前無法調整設定。\n請先中斷連線。"},
+        {124, L"A"},
+        {125, L"B"},
+        {126, L"觸發價"},
+        {127, L"委託價"},
+        {128, L"數量"},
+        {130, L"市價單"},
+        {131, L"限價單"},
+        {132, L"停止單"},
+        {133, L"停止限價單"},
+        {134, L"觸發價"},
+        {135, L"委託價"},
+        {136, L"市價"},
+        {137, L"停限"},
+        {138, L"買進"},
+        {139, L"停止"},
+        {140, L"買價/賣價"},
+        {141, L"賣出"},
+        {142, L"限價"},
+        {233, L"商品轉換..."},
+        {234, L"FOK"},
+        {235, L"AON"},
+    };
+    return texts;
+}
+
+TEST(ResourceString, EveryTextOfTheTableStands) {
+    diagnostics_recorder recorder;
+    for (const auto& [id, text] : all_texts()) {
+        EXPECT_EQ(resourse_2_string_impl<CString>(id), text) << id;
+    }
+    EXPECT_TRUE(recorder.assertions().empty());
+}
+
+TEST(ResourceString, TheTableHasNoOtherIds) {
+    diagnostics_recorder recorder;
+    for (UINT id = 0; id < 300; ++id) {
+        const bool listed = all_texts().contains(id);
+        EXPECT_EQ(resourse_2_string_impl<CString>(id).empty(), !listed) << id;
+    }
+}
+
+TEST(ResourceString, AMissingTextIsEmptyAndAsserted) {
+    diagnostics_recorder recorder;
+    for (const UINT id : {112U, 129U}) {
+        recorder.clear();
+        EXPECT_EQ(resourse_2_string_impl<CString>(id), L"");
+        ASSERT_EQ(recorder.assertions().size(), 1U) << id;
+        EXPECT_EQ(recorder.assertions()[0].description, L"0");
+    }
+}
+
+TEST(ResourceString, TheComFormGivesTheSameText) {
+    const _bstr_t text = resourse_2_string_impl<_bstr_t>(113);
+    EXPECT_EQ(platform::text_of(text), L"DAY(當日有效)");
+    diagnostics_recorder recorder;
+    EXPECT_EQ(resourse_2_string_impl<_bstr_t>(129).length(), 0U);
+    ASSERT_EQ(recorder.assertions().size(), 1U);
+    EXPECT_EQ(recorder.assertions()[0].description, L"0");
+}
+
+TEST(ResourceString, TheShortFormGivesTheSameText) {
+    EXPECT_EQ(resource_string::text(138), L"買進");
+}
+
+}  // namespace
