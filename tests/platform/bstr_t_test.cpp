@@ -161,4 +161,10 @@ TEST(BstrT, SharedTextOutlivesItsMaker) {
     }
 }
 
+TEST(BstrT, GivesItsTextForWriting) {
+    const _bstr_t text(L"abc");
+    static_cast<wchar_t*>(text)[0] = L'x';
+    EXPECT_STREQ(text_of(text), L"xbc");
+}
+
 }  // namespace

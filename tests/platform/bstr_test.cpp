@@ -77,4 +77,11 @@ TEST(Bstr, ReallocationFromNothing) {
     SysFreeString(text);
 }
 
+TEST(Bstr, ReallocationToNothing) {
+    BSTR text = SysAllocString(L"x");
+    EXPECT_TRUE(SysReAllocString(&text, nullptr));
+    EXPECT_EQ(SysStringLen(text), 0U);
+    SysFreeString(text);
+}
+
 }  // namespace

@@ -173,4 +173,20 @@ TEST(NativeVariant, DatesHaveNoTextForm) {
     VariantClear(&text);
 }
 
+TEST(NativeBstrT, ASharedTextIsNotGivenAway) {
+    _bstr_t none;
+    EXPECT_THROW(none.Detach(), _com_error);
+    _bstr_t text(L"shared");
+    const _bstr_t copy(text);
+    EXPECT_THROW(text.Detach(), _com_error);
+    EXPECT_STREQ(static_cast<const wchar_t*>(text), L"shared");
+}
+
+TEST(NativeGuid, NullPlacesAreRefused) {
+    GUID id = {};
+    EXPECT_EQ(StringFromCLSID(id, nullptr), E_INVALIDARG);
+    EXPECT_EQ(CLSIDFromString(L"{2686F9D2-457E-44E7-B656-9ABCC802D38A}", nullptr), E_INVALIDARG);
+    EXPECT_EQ(CoCreateGuid(nullptr), E_INVALIDARG);
+}
+
 }  // namespace

@@ -230,4 +230,21 @@ TEST(SafeArray, NullIsNoArray) {
     EXPECT_EQ(SafeArrayAccessData(nullptr, &data), E_INVALIDARG);
 }
 
+TEST(SafeArray, NullPlacesAreRefused) {
+    SAFEARRAY* const array = SafeArrayCreateVector(VT_I4, 0, 1);
+    LONG index = 0;
+    LONG value = 0;
+    EXPECT_EQ(SafeArrayCopy(array, nullptr), E_INVALIDARG);
+    EXPECT_EQ(SafeArrayGetVartype(array, nullptr), E_INVALIDARG);
+    EXPECT_EQ(SafeArrayGetVartype(nullptr, nullptr), E_INVALIDARG);
+    EXPECT_EQ(SafeArrayAccessData(array, nullptr), E_INVALIDARG);
+    EXPECT_EQ(SafeArrayGetElement(array, &index, nullptr), E_INVALIDARG);
+    EXPECT_EQ(SafeArrayGetElement(array, nullptr, &value), E_INVALIDARG);
+    EXPECT_EQ(SafeArrayPutElement(array, nullptr, &value), E_INVALIDARG);
+    EXPECT_EQ(SafeArrayPtrOfIndex(array, &index, nullptr), E_INVALIDARG);
+    EXPECT_EQ(SafeArrayLock(nullptr), E_INVALIDARG);
+    EXPECT_EQ(SafeArrayUnlock(nullptr), E_INVALIDARG);
+    SafeArrayDestroy(array);
+}
+
 }  // namespace

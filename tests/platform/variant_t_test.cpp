@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "platform/com.h"
 #include "tests/platform/counted_object.h"
 
@@ -181,6 +179,43 @@ TEST(VariantT, ReceivesAnOutArgument) {
     out->lVal = 3;
     EXPECT_EQ(static_cast<LONG>(value), 3);
     EXPECT_EQ(value.GetVARIANT().lVal, 3);
+}
+
+TEST(VariantT, EqualityOfEveryType) {
+    const VARTYPE types[] = {VT_I1,  VT_I2,  VT_INT, VT_UINT,  VT_I8,  VT_UI1,
+                             VT_UI2, VT_UI4, VT_UI8, VT_ERROR, VT_BOOL};
+    for (const VARTYPE vt : types) {
+        VARIANT one = {};
+        one.vt = vt;
+        one.llVal = 1;
+        VARIANT other = one;
+        EXPECT_TRUE(_variant_t(one) == other) << vt;
+        other.llVal = 2;
+        EXPECT_TRUE(_variant_t(one) != other) << vt;
+    }
+    EXPECT_TRUE(_variant_t(1.5F) == _variant_t(1.5F));
+    EXPECT_TRUE(_variant_t(1.5F) != _variant_t(2.5F));
+    EXPECT_TRUE(_variant_t(1.5) == _variant_t(1.5));
+    EXPECT_TRUE(_variant_t(1.5) != _variant_t(2.5));
+    EXPECT_TRUE(_variant_t(1.5, VT_DATE) == _variant_t(1.5, VT_DATE));
+    counted_object first;
+    counted_object second;
+    const _variant_t value(static_cast<IUnknown*>(&first));
+    EXPECT_TRUE(value == _variant_t(static_cast<IUnknown*>(&first)));
+    EXPECT_TRUE(value != _variant_t(static_cast<IUnknown*>(&second)));
+}
+
+TEST(VariantT, CopiesAPointedToVariant) {
+    VARIANT plain = {};
+    plain.vt = VT_I4;
+    plain.lVal = 5;
+    const _variant_t from_pointer(&plain);
+    EXPECT_EQ(from_pointer.lVal, 5);
+    const _variant_t copied(plain, true);
+    EXPECT_EQ(copied.lVal, 5);
+    EXPECT_EQ(plain.vt, VT_I4);
+    EXPECT_TRUE(copied == &plain);
+    EXPECT_FALSE(copied != &plain);
 }
 
 }  // namespace

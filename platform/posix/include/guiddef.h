@@ -1,4 +1,4 @@
-// GUID and its helpers: the subset of the platform header of this name that the native build uses.
+// GUID and its operations: the subset of the platform header of this name that the native build uses.
 #pragma once
 
 #include <cstdint>
