@@ -1,0 +1,40 @@
+#include "charting/orderdeck/src/root/ConatinerNotifier.h"
+
+#include "diagnostics/BugSlayerUtil.h"
+#include "platform/desktop.h"
+
+namespace NonModalDialogsForContainer {
+namespace {
+
+void notify(HWND parent, HWND bar, LPARAM registered) {
+    platform::port<platform::desktop>::get().send_message(parent, CConatinerNotifier::Message,
+                                                          reinterpret_cast<WPARAM>(bar), registered);
+}
+
+}  // namespace
+
+CConatinerNotifier::~CConatinerNotifier() {
+    BugSlayerUtil::guard(BS_HERE, [this] { _withdraw(); });
+}
+
+void CConatinerNotifier::Register(HWND parent, HWND bar) {
+    _withdraw();
+    m_parent = parent;
+    m_bar = bar;
+    platform::desktop& desktop = platform::port<platform::desktop>::get();
+    if (desktop.is_window(m_parent) && desktop.is_window(m_bar)) {
+        notify(m_parent, m_bar, 1);
+    }
+}
+
+void CConatinerNotifier::_withdraw() {
+    const HWND parent = m_parent;
+    const HWND bar = m_bar;
+    m_parent = nullptr;
+    m_bar = nullptr;
+    if (parent != nullptr && bar != nullptr) {
+        notify(parent, bar, 0);
+    }
+}
+
+}  // namespace NonModalDialogsForContainer
