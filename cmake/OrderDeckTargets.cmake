@@ -1,6 +1,7 @@
 # What every target of ours has in common.
 
 set(ORDERDECK_SANITIZE "" CACHE STRING "Sanitizers of a native build, as -fsanitize takes them")
+option(ORDERDECK_FUZZ "Build the fuzzers; asks for clang and a native build" OFF)
 
 # System headers that serve both systems.
 add_library(orderdeck_vendor INTERFACE)
@@ -20,7 +21,7 @@ target_link_libraries(orderdeck_build INTERFACE orderdeck_vendor)
 target_compile_options(orderdeck_build INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
   # g++ 12 sees overlapping copies in "text" + std::string where there are none.
-  -Wno-restrict
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
   # Source names in reports are told from the repository's root.
   "-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=")
 if(WIN32)
@@ -31,6 +32,9 @@ if(WIN32)
   target_compile_options(orderdeck_build INTERFACE -fstack-protector-strong)
   target_link_options(orderdeck_build INTERFACE -fstack-protector-strong
     -Wl,--dynamicbase -Wl,--high-entropy-va -Wl,--nxcompat)
+endif()
+if(ORDERDECK_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 if(ORDERDECK_SANITIZE)
   add_compile_options(-fsanitize=${ORDERDECK_SANITIZE} -fno-omit-frame-pointer -g1)
