@@ -1,6 +1,9 @@
 #include "platform/posix/registry_file.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <unicode/unistr.h>
+#include <unistd.h>
 
 #include "platform/utf8.h"
 
@@ -8,6 +11,7 @@ namespace platform {
 namespace {
 
 constexpr const char* schema = R"(
+PRAGMA journal_mode = WAL;
 PRAGMA synchronous = NORMAL;
 PRAGMA foreign_keys = ON;
 BEGIN IMMEDIATE;
@@ -37,9 +41,28 @@ std::string folded(const CString& text) {
     return icu::UnicodeString::fromUTF8(to_utf8(text)).foldCase().toUTF8String(result);
 }
 
+// Lets one process at a time make the file what it must be: a change of the journal's mode does not wait for
+// others. The lock's own file stays.
+class opening_lock {
+public:
+    explicit opening_lock(const std::string& file)
+        : m_fd(open((file + "-opening").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
+        if (m_fd < 0 || flock(m_fd, LOCK_EX) != 0) {
+            throw sqlite_error(SQLITE_CANTOPEN, "the registry file can't be locked");
+        }
+    }
+    ~opening_lock() { close(m_fd); }
+    opening_lock(const opening_lock&) = delete;
+    opening_lock& operator=(const opening_lock&) = delete;
+
+private:
+    int m_fd;
+};
+
 }  // namespace
 
 registry_file::registry_file(const std::string& file) : m_connection(file) {
+    const opening_lock lock(file);
     m_connection.execute(schema);
 }
 

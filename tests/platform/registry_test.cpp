@@ -7,6 +7,7 @@
 #include <thread>
 #include <vector>
 
+#include "tests/support/child_process.h"
 #include "tests/support/test_key.h"
 
 namespace {
@@ -271,6 +272,29 @@ TEST_F(Registry, ClassesRootIsReadable) {
     registry_key root;
     EXPECT_EQ(root.Open(HKEY_CLASSES_ROOT, L"CLSID\\{no such class}", KEY_READ), ERROR_FILE_NOT_FOUND);
     EXPECT_EQ(root.Open(HKEY_CLASSES_ROOT, L"", KEY_READ), ERROR_SUCCESS);
+}
+
+// Adds one to a number that it finds, in a key that it is told.
+CHILD_MAIN(count_up) {
+    registry_key key;
+    DWORD number = 0;
+    if (key.Open(HKEY_CURRENT_USER, CString(arguments[0].begin(), arguments[0].end())) != ERROR_SUCCESS ||
+        key.QueryDWORD(L"n", number) != ERROR_SUCCESS) {
+        return 1;
+    }
+    return key.SetDWORD(L"n", number + 1) == ERROR_SUCCESS ? 0 : 1;
+}
+
+TEST_F(Registry, ProcessesSeeEachOthersValuesAtOnce) {
+    ASSERT_EQ(key().SetDWORD(L"n", 41), ERROR_SUCCESS);
+    std::string path;
+    for (const wchar_t each : m_test.path()) {
+        path += static_cast<char>(each);
+    }
+    EXPECT_EQ(test_support::child_process("count_up", {path}).wait(), 0);
+    DWORD read = 0;
+    EXPECT_EQ(key().QueryDWORD(L"n", read), ERROR_SUCCESS);
+    EXPECT_EQ(read, 42U);
 }
 
 TEST_F(Registry, ManyThreadsWriteSideBySide) {
