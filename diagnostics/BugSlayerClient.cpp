@@ -80,6 +80,9 @@ HRESULT BugSlayerClient::SendIdentity() noexcept {
 }
 
 void BugSlayerClient::GiveUp() noexcept {
+    if (showInitFailure) {
+        show_init_failure();
+    }
     initTried = false;
     ready = false;
     debugObject.reset();

@@ -1,6 +1,8 @@
 #include "diagnostics/init_failure.h"
 
+#include "platform/desktop.h"
 #include "platform/registry.h"
+#include "platform/resources.h"
 
 namespace BugSlayerUtil {
 
@@ -10,6 +12,16 @@ bool init_failure_is_shown() noexcept {
     DWORD bytes = 0;
     return key.Open(HKEY_CURRENT_USER, L"Software\\Orvane\\BugSlayer", KEY_READ) == ERROR_SUCCESS &&
            key.QueryValue(CString(), type, nullptr, bytes) == ERROR_SUCCESS;
+}
+
+void show_init_failure() noexcept {
+    try {
+        platform::port<platform::desktop>::get().message_box(
+            nullptr, L"BugSlayer Init Failed.", platform::main_version_string(L"ProductName"), MB_ICONERROR);
+    } catch (...) {
+        // A box that can't be shown changes nothing: the start has failed all the same.
+        return;
+    }
 }
 
 }  // namespace BugSlayerUtil

@@ -45,8 +45,8 @@ using se_translator = void (*)(unsigned code, _EXCEPTION_POINTERS* pointers);
 
 // Each puts a handler in place and gives the one before, null for none. The first two are the process's,
 // the last the calling thread's. Natively the unhandled exceptions are the signals SIGSEGV, SIGBUS,
-// SIGFPE and SIGILL, which go on to the action that was there before; the other two kinds do not occur
-// there by themselves.
+// SIGFPE, SIGILL and SIGTRAP, which go on to the action that was there before; the other two kinds do not
+// occur there by themselves.
 unhandled_filter set_unhandled_filter(unhandled_filter filter) noexcept;
 invalid_parameter_handler set_invalid_parameter_handler(invalid_parameter_handler handler) noexcept;
 se_translator set_se_translator(se_translator translator) noexcept;

@@ -21,7 +21,7 @@ struct _EXCEPTION_POINTERS {
 namespace platform {
 namespace {
 
-constexpr int crash_signals[] = {SIGSEGV, SIGBUS, SIGFPE, SIGILL};
+constexpr int crash_signals[] = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGTRAP};
 
 std::atomic<unhandled_filter> the_filter{nullptr};
 std::atomic<invalid_parameter_handler> the_invalid_parameter_handler{nullptr};
@@ -63,6 +63,10 @@ void on_signal(int signal, siginfo_t*, void* raw_context) {
         if (crash_signals[i] == signal) {
             sigaction(signal, &previous_actions[i], nullptr);
         }
+    }
+    if (signal == SIGTRAP) {
+        // A break does not happen again by itself.
+        raise(signal);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "platform/module.h"
 
+#include <algorithm>
+#include <new>
 #include <vector>
 
 namespace platform {
@@ -30,7 +32,7 @@ HMODULE find_loaded_library(const CString& file_name) noexcept {
     return GetModuleHandleExW(0, file_name.c_str(), &library) ? library : nullptr;
 }
 
-HMODULE load_library(const CString& name) noexcept {
+HMODULE load_library(const CString& name) noexcept try {
     if (name.find_first_of(L"\\/:") == CString::npos) {
         return LoadLibraryExW(name.c_str(), nullptr,
                               LOAD_LIBRARY_SEARCH_APPLICATION_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32);
@@ -39,8 +41,13 @@ HMODULE load_library(const CString& name) noexcept {
         SetLastError(ERROR_BAD_PATHNAME);
         return nullptr;
     }
-    return LoadLibraryExW(name.c_str(), nullptr,
+    // The loader does not take the other separator.
+    CString path = name;
+    std::replace(path.begin(), path.end(), L'/', L'\\');
+    return LoadLibraryExW(path.c_str(), nullptr,
                           LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32);
+} catch (const std::bad_alloc&) {
+    return nullptr;
 }
 
 HMODULE load_library(const char* path) noexcept {

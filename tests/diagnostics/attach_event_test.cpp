@@ -1,0 +1,49 @@
+// The event that holds reports back until a debugger has attached.
+#include <gtest/gtest.h>
+
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "diagnostics/BugSlayerInitializer.h"
+#include "platform/com.h"
+#include "tests/diagnostics/named_event.h"
+
+namespace {
+
+std::string own_name() {
+    return "OrderDeck diagnostics_tests " + std::to_string(GetCurrentProcessId());
+}
+
+TEST(AttachEvent, HasItsFixedName) {
+    EXPECT_STREQ(BugSlayerUtil::attach_event_name, "{61B26D6F-EC96-46da-A875-239EED43DF17}");
+}
+
+TEST(AttachEvent, IsWaitedOnByEverybodyWhileItExists) {
+    named_event event(own_name());
+    std::mutex lock;
+    std::vector<std::string> order;
+    const auto note = [&](const char* what) {
+        const std::lock_guard guard(lock);
+        order.push_back(what);
+    };
+    const auto wait = [&] {
+        platform::wait_for_named_event_if_present(own_name().c_str());
+        note("went on");
+    };
+    std::thread first(wait);
+    std::thread second(wait);
+    note("signalled");
+    event.signal();
+    first.join();
+    second.join();
+    EXPECT_EQ(order, (std::vector<std::string>{"signalled", "went on", "went on"}));
+}
+
+TEST(AttachEvent, HoldsNobodyBackWhenItDoesNotExist) {
+    platform::wait_for_named_event_if_present((own_name() + " not there").c_str());
+    SUCCEED();
+}
+
+}  // namespace
