@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "platform/desktop.h"
+#include "tests/desktop/foreign_process.h"
 
 namespace {
 
@@ -39,48 +38,6 @@ private:
     HWND m_handle = nullptr;
 };
 
-// Another process that shows the same class until this object goes.
-class foreign_frame {
-public:
-    foreign_frame() {
-        const std::wstring suffix = std::to_wstring(GetCurrentProcessId());
-        m_ready = CreateEventW(nullptr, TRUE, FALSE, (L"foreign_frame_ready_" + suffix).c_str());
-        m_end = CreateEventW(nullptr, TRUE, FALSE, (L"foreign_frame_end_" + suffix).c_str());
-        std::wstring command = L"foreign_frame.exe " + suffix;
-        STARTUPINFOW startup{};
-        startup.cb = sizeof(startup);
-        m_started = CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                                   &startup, &m_process) != FALSE;
-        if (m_started) {
-            const HANDLE both[] = {m_ready, m_process.hProcess};
-            m_started = WaitForMultipleObjects(2, both, FALSE, INFINITE) == WAIT_OBJECT_0;
-        }
-    }
-    ~foreign_frame() {
-        SetEvent(m_end);
-        if (m_process.hProcess != nullptr) {
-            WaitForSingleObject(m_process.hProcess, INFINITE);
-            CloseHandle(m_process.hProcess);
-            CloseHandle(m_process.hThread);
-        }
-        CloseHandle(m_ready);
-        CloseHandle(m_end);
-    }
-    foreign_frame(const foreign_frame&) = delete;
-    foreign_frame& operator=(const foreign_frame&) = delete;
-
-    // Null when the process did not come up.
-    HWND window() const {
-        return m_started ? FindWindowExW(HWND_MESSAGE, nullptr, s_frame_class, nullptr) : nullptr;
-    }
-
-private:
-    HANDLE m_ready;
-    HANDLE m_end;
-    PROCESS_INFORMATION m_process{};
-    bool m_started = false;
-};
-
 TEST(FindFrame, TakesAWindowOfThisProcessWithTheFrameClassAndStops) {
     const hidden_window frame(s_frame_class);
     ASSERT_NE(frame.handle(), nullptr);
@@ -111,8 +68,8 @@ TEST(FindFrame, GoesOnAtAWindowThatIsNoMore) {
 }
 
 TEST(FindFrame, DoesNotTakeAWindowOfAnotherProcess) {
-    const foreign_frame other;
-    const HWND window = other.window();
+    const test::foreign_process other;
+    const HWND window = other.hidden_window();
     ASSERT_NE(window, nullptr);
     frame_search search;
     EXPECT_TRUE(examine_window(window, search));

@@ -1,5 +1,5 @@
 // A process with a frame of its own, for the tests of the frame's finder: its window stands between the
-// two events that the test made. The argument is what their names end with.
+// two events that the test made. The arguments are what their names end with, and the kind of window.
 #include <string>
 
 #include "platform/com.h"
@@ -13,7 +13,7 @@ HANDLE open_event(const wchar_t* start, const wchar_t* suffix) {
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
-    if (argc != 2) {
+    if (argc != 3) {
         return 2;
     }
     const HANDLE ready = open_event(L"foreign_frame_ready_", argv[1]);
@@ -23,8 +23,10 @@ int wmain(int argc, wchar_t** argv) {
     window_class.hInstance = GetModuleHandleW(nullptr);
     window_class.lpszClassName = L"ATL_QVMDIMainFrame";
     RegisterClassW(&window_class);
-    const HWND window = CreateWindowExW(0, window_class.lpszClassName, L"", 0, 0, 0, 0, 0, HWND_MESSAGE,
-                                        nullptr, window_class.hInstance, nullptr);
+    const bool top = std::wstring(argv[2]) == L"top";
+    const HWND window =
+        CreateWindowExW(0, window_class.lpszClassName, L"", WS_POPUP, 0, 0, 10, 10,
+                        top ? nullptr : HWND_MESSAGE, nullptr, window_class.hInstance, nullptr);
     if (window == nullptr || ready == nullptr || end == nullptr) {
         return 1;
     }

@@ -1,7 +1,37 @@
 #include "charting/orderdeck/src/root/GlobalData.h"
 
+#include <new>
+
 #include "charting/orderdeck/src/root/ProfileCommands.h"
 #include "tests/profile/profile_fixture.h"
+
+namespace {
+
+// Makes the next allocations fail that ask for no exception.
+class no_memory {
+public:
+    no_memory() { s_active = true; }
+    ~no_memory() { s_active = false; }
+    no_memory(const no_memory&) = delete;
+    no_memory& operator=(const no_memory&) = delete;
+    static bool active() { return s_active; }
+
+private:
+    inline static thread_local bool s_active = false;
+};
+
+}  // namespace
+
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    if (no_memory::active()) {
+        return nullptr;
+    }
+    try {
+        return ::operator new(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
 
 namespace {
 
@@ -138,6 +168,17 @@ TEST_F(GlobalData, TheNewProfileCommandHoldsTheCollection) {
 TEST_F(GlobalData, WithoutACollectionTheNewProfileCommandIsReportedAndRaisesEPointer) {
     CGlobalDataImpl data;
     EXPECT_EQ(test::thrown_result([&] { data.create_command(14); }), E_POINTER);
+    EXPECT_THAT(test::descriptions_of(reports.assertions()), ElementsAre(L""));
+}
+
+TEST_F(GlobalData, ACommandThatCannotBeMadeIsReportedWithoutTextAndRaisesEPointer) {
+    CGlobalDataImpl data;
+    HRESULT hr = S_OK;
+    {
+        const no_memory none;
+        hr = test::thrown_result([&] { data.create_command(10, wrap); });
+    }
+    EXPECT_EQ(hr, E_POINTER);
     EXPECT_THAT(test::descriptions_of(reports.assertions()), ElementsAre(L""));
 }
 

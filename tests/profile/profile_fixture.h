@@ -46,6 +46,14 @@ HRESULT thrown_result(Call call) {
 // One profile "Alpha" and its wrapper.
 class profile_test : public testing::Test {
 protected:
+    // Wrapper and profile hold each other as long as the wrapper is advised.
+    void TearDown() override {
+        host.forget_faults();
+        if (wrap) {
+            wrap->Unadvise();
+        }
+    }
+
     recording_desktop desktop;
     diagnostics_recorder reports;
     fake_host host;

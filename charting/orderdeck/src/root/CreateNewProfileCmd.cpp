@@ -51,7 +51,8 @@ UINT CCreateNewProfileCmd::_choose(const std::vector<CString>& names, POINT at) 
     try {
         return platform::port<platform::desktop>::get().popup_menu(FindMainFrame(), items, at);
     } catch (const _com_error&) {
-        BS_RAISE("menu.CreatePopupMenu()", E_FAIL);
+        BugSlayerUtil::assertion(BS_HERE, "menu.CreatePopupMenu()");
+        throw;
     }
 }
 

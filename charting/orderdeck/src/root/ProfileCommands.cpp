@@ -6,6 +6,8 @@
 #include "platform/com_create.h"
 #include "platform/desktop.h"
 #include "platform/resources.h"
+#include "unicomp/Simples/interface/FillText.h"
+#include "unicomp/Simples/interface/resource_string.h"
 
 namespace OV_OrderDeck {
 
@@ -18,28 +20,13 @@ constexpr UINT s_id_edit = 107;
 constexpr UINT s_id_disconnect_first = 123;
 constexpr UINT s_id_symbol_mapping = 233;
 
-CString resource_text(UINT id) {
-    const std::optional<CString> text = platform::load_string(id);
-    BS_ASSERT_TEXT(text.has_value(), "0");
-    return text.value_or(CString());
-}
-
 bool is_up(CProfileWrap& profile) {
     const ETM_ConnectionChanged state = profile.get_ConnectionState(true);
     return state == eTM_CC_Connected || state == eTM_CC_Connecting;
 }
 
 CString name_line(UINT id, CProfileWrap& profile) {
-    return resource_text(id) + L" " + profile.get_Name(true);
-}
-
-// The one place of the name is put in by hand: a name or a text is never taken for a format.
-CString with_name(CString text, const CString& name) {
-    const CString place = L"%s";
-    if (const std::size_t at = text.find(place); at != CString::npos) {
-        text.replace(at, place.size(), name);
-    }
-    return text;
+    return resource_string::text(id) + L" " + profile.get_Name(true);
 }
 
 // The host's menus are locked while this lives.
@@ -82,7 +69,8 @@ HRESULT CEditProfCmd::_execute() {
     const ui_lock lock;
     // Any state but disconnected has a connection to lose, one being made included.
     if (profile.get_ConnectionState(true) != eTM_CC_Disconnected) {
-        const CString text = with_name(resource_text(s_id_disconnect_first), profile.get_Name(true));
+        const CString text =
+            Unicomp::fill_text(resource_string::text(s_id_disconnect_first), {profile.get_Name(true)});
         platform::port<platform::desktop>::get().message_box(
             FindMainFrame(), text, platform::main_version_string(L"ProductName"), MB_OK);
         return S_OK;
@@ -114,7 +102,7 @@ HRESULT CShowProfEditorCmd::_execute() {
 }
 
 CString CShowProfEditorCmd::_get_name() {
-    return resource_text(s_id_profile_editor);
+    return resource_string::text(s_id_profile_editor);
 }
 
 HRESULT CSymbolMappingCmd::_execute() {
@@ -134,7 +122,7 @@ HRESULT CSymbolMappingCmd::_execute() {
 }
 
 CString CSymbolMappingCmd::_get_name() {
-    return resource_text(s_id_symbol_mapping);
+    return resource_string::text(s_id_symbol_mapping);
 }
 
 }  // namespace OV_OrderDeck
