@@ -13,7 +13,7 @@ platform::desktop& desktop() {
     return platform::port<platform::desktop>::system();
 }
 
-// A top-level window that counts the commands that reach it.
+// A top-level window that counts what a menu tells it.
 class top_window {
 public:
     explicit top_window(const wchar_t* name) : m_name(name) {
@@ -43,7 +43,7 @@ public:
 
 private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-        if (message == WM_COMMAND || message == WM_MENUSELECT || message == WM_INITMENUPOPUP) {
+        if (message == WM_COMMAND || message == WM_INITMENUPOPUP) {
             const auto self = reinterpret_cast<top_window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
             ++self->m_notifications;
         }
