@@ -18,7 +18,9 @@ boost::shared_ptr<ITradeInfoProperties> COrderDeckObj::_find_trade_props(BSTR ou
 
 HRESULT COrderDeckObj::put_SymbolInfo(BSTR sProfOuterID, OD_SSymbolInfo* pTradeInfo) noexcept {
     return guard(BS_HERE, [&] {
-        BS_REQUIRE(pTradeInfo, E_INVALIDARG);
+        if (pTradeInfo == nullptr) {
+            BS_RAISE("", E_INVALIDARG);
+        }
         if (const auto props = _find_trade_props(sProfOuterID)) {
             props->put_SymbolInfo(*pTradeInfo);
         }
@@ -27,7 +29,9 @@ HRESULT COrderDeckObj::put_SymbolInfo(BSTR sProfOuterID, OD_SSymbolInfo* pTradeI
 
 HRESULT COrderDeckObj::get_SymbolInfo(BSTR sProfOuterID, OD_SSymbolInfo* pTradeInfo) noexcept {
     return guard(BS_HERE, [&] {
-        BS_REQUIRE(pTradeInfo, E_INVALIDARG);
+        if (pTradeInfo == nullptr) {
+            BS_RAISE("", E_INVALIDARG);
+        }
         if (const auto props = _find_trade_props(sProfOuterID)) {
             props->get_SymbolInfo(*pTradeInfo);
         }
@@ -44,7 +48,9 @@ HRESULT COrderDeckObj::put_Account(BSTR sProfOuterID, BSTR sAccount) noexcept {
 
 HRESULT COrderDeckObj::get_Account(BSTR sProfOuterID, BSTR* pAccount) noexcept {
     return guard(BS_HERE, [&] {
-        BS_REQUIRE(pAccount, E_INVALIDARG);
+        if (pAccount == nullptr) {
+            BS_RAISE("", E_INVALIDARG);
+        }
         if (const auto props = _find_trade_props(sProfOuterID)) {
             BSTR const account = platform::new_bstr(props->get_Account());
             SysFreeString(std::exchange(*pAccount, account));
@@ -64,7 +70,9 @@ HRESULT COrderDeckObj::put_ActiveTab(BSTR sProfOuterID) noexcept {
 
 HRESULT COrderDeckObj::get_ActiveTab(BSTR* pProfOuterID) noexcept {
     return guard(BS_HERE, [&] {
-        BS_REQUIRE(pProfOuterID, E_INVALIDARG);
+        if (pProfOuterID == nullptr) {
+            BS_RAISE("", E_INVALIDARG);
+        }
         SysFreeString(std::exchange(*pProfOuterID, nullptr));
         _check_filled();
         const boost::shared_ptr<ITab> tab = _bar().get_CurTab();

@@ -51,7 +51,9 @@ HRESULT COrderDeckObj::Create(HWND lParent, IUnknown* pUnk, HWND* pHandle) noexc
 
 void COrderDeckObj::_create(HWND parent, IUnknown* service, HWND* handle) {
     platform::desktop& desktop = platform::port<platform::desktop>::get();
-    BS_REQUIRE(desktop.is_window(parent), E_FAIL);
+    if (!desktop.is_window(parent)) {
+        BS_RAISE("", E_FAIL);
+    }
     m_ao.Start();
     m_pGlobal = std::make_unique<CGlobalData>();
     _global().put_OnCommand(platform::query<SW::IOnCommand>(service).get());

@@ -158,7 +158,9 @@ void COrderDeckObj::_deserialize_impl() {
             }
         }
         // So many profiles are no list that this bar wrote: nothing of it is restored.
-        BS_REQUIRE(index < MaxProfiles, E_FAIL);
+        if (index == MaxProfiles) {
+            BS_RAISE("", E_FAIL);
+        }
     }
     const com_ptr<COrderDeckObj> root(this);
     m_ao.Execute(LocalRPC::CreateAsyncTask([root, records] { root->_restore_profs(records); }));

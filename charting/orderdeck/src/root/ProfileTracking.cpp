@@ -94,7 +94,9 @@ void COrderDeckObj::_on_add_prof(ITC_TradingProfile* profile, bool bSilent) {
         return;
     }
     const com_ptr<CProfileWrap> wrap = platform::make_com<CProfileWrap>(profile);
-    BS_REQUIRE(wrap, E_POINTER);
+    if (!wrap) {
+        BS_RAISE("", E_POINTER);
+    }
     const boost::shared_ptr<CTab> panel = boost::make_shared<CTab>(wrap);
     panel->SetContent(m_pTabCtrl);
     const LONG tag = _bar().AddTab(panel, bSilent);

@@ -1,5 +1,7 @@
 #include "charting/orderdeck/src/tab/DataFeeds.h"
 
+#include "TradingCenter.h"
+
 #include "unicomp/ProfileVsDataFeedAssociation/interface/ProfileVsDataFeedAssociation.h"
 
 namespace OV_OrderDeck {

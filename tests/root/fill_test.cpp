@@ -1,0 +1,164 @@
+#include "tests/root/root_fixture.h"
+#include "tests/support/safe_arrays.h"
+
+namespace {
+
+using test::root_test;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class FillTest : public root_test {
+protected:
+    FillTest() { EXPECT_EQ(create(), S_OK); }
+    HRESULT demand() { return root->put_ActiveTab(nullptr); }
+};
+
+TEST_F(FillTest, AFirstDemandConnectsInOrder) {
+    add_profile(L"Alpha");
+    host.clear();
+    ASSERT_EQ(demand(), S_OK);
+    const std::vector<std::string> calls = host.calls();
+    std::vector<std::string> frame;
+    for (const std::string& call : calls) {
+        if (call.find("Class(") == 0 || call.find("Center.") == 0 || call.find("Profiles.") == 0 ||
+            call.find("ProfilesEvents.") == 0 || call.find("Bar.") == 0) {
+            frame.push_back(call);
+        }
+    }
+    EXPECT_THAT(frame, ElementsAre("Class(\"TradingCenter\").CreateInstance()", "Center.Prepare(-1)",
+                                   "Center.get_TradingProfiles()", "Profiles.get_Items()",
+                                   "Bar.AddTab(\"Alpha\", silent)", "Profiles.FindConnectionPoint()",
+                                   "ProfilesEvents.Advise(1)", "Bar.Show(true)"));
+    EXPECT_THAT(take_assertions(), IsEmpty());
+}
+
+TEST_F(FillTest, TheSharedDataHoldsCentreAndCollectionAfterwards) {
+    ASSERT_EQ(demand(), S_OK);
+    OV_OrderDeck::CGlobalData global;
+    EXPECT_EQ(global->get_Center().get(), center.get());
+    EXPECT_EQ(global->get_Profiles().get(), center->profiles.get());
+}
+
+TEST_F(FillTest, ASecondDemandAsksNothing) {
+    ASSERT_EQ(demand(), S_OK);
+    host.clear();
+    ASSERT_EQ(demand(), S_OK);
+    EXPECT_THAT(host.calls(), IsEmpty());
+}
+
+TEST_F(FillTest, AMissingClassGivesItsResultAndIsNotTriedAgain) {
+    center_class.reset();
+    EXPECT_EQ(demand(), REGDB_E_CLASSNOTREG);
+    EXPECT_THAT(tab_names(), IsEmpty());
+    host.clear();
+    EXPECT_EQ(demand(), S_OK);
+    EXPECT_THAT(host.calls(), IsEmpty());
+}
+
+TEST_F(FillTest, AnObjectThatIsNoTradingCentreIsANullPointer) {
+    center_class.reset();
+    const test::fake_class stranger(host, CLSID_TradingCenter, L"Stranger", [this] {
+        return com_ptr<IUnknown>(platform::make_com<test::FakeOnCommand>(host)->GetUnknown());
+    });
+    EXPECT_EQ(demand(), E_POINTER);
+    EXPECT_THAT(take_assertions(), SizeIs(1));
+}
+
+TEST_F(FillTest, ACentreWithoutACollectionIsANullPointer) {
+    center->profiles.reset();
+    EXPECT_EQ(demand(), E_POINTER);
+    EXPECT_THAT(take_assertions(), SizeIs(1));
+}
+
+TEST_F(FillTest, AFailedListIsAskedASecondTimeAndThatResultCounts) {
+    host.fail("Profiles.get_Items", E_ABORT, 1);
+    host.fail("Profiles.get_Items", E_ACCESSDENIED, 2);
+    EXPECT_EQ(demand(), E_ACCESSDENIED);
+    EXPECT_EQ(host.count("Profiles.get_Items"), 2);
+    EXPECT_EQ(host.count("Bar.AddTab"), 0);
+    const auto assertions = reports.assertions();
+    ASSERT_FALSE(assertions.empty());
+    EXPECT_EQ(assertions[0].hresult, E_ABORT);
+}
+
+TEST_F(FillTest, ACollectionWithoutEventsIsReportedAndTheFillGoesOn) {
+    add_profile(L"Alpha");
+    center->profiles->container_result = E_NOINTERFACE;
+    EXPECT_EQ(demand(), S_OK);
+    EXPECT_THAT(tab_names(), ElementsAre(L"Alpha"));
+    const auto assertions = reports.assertions();
+    ASSERT_EQ(assertions.size(), 1U);
+    EXPECT_EQ(assertions[0].hresult, E_INVALIDARG);
+    OV_OrderDeck::CGlobalData global;
+    EXPECT_TRUE(global->get_Profiles());
+}
+
+TEST_F(FillTest, ARefusedSubscriptionIsReportedWithItsResultAndTheFillGoesOn) {
+    add_profile(L"Alpha");
+    host.fail("ProfilesEvents.Advise", CONNECT_E_ADVISELIMIT);
+    EXPECT_EQ(demand(), S_OK);
+    const auto assertions = reports.assertions();
+    ASSERT_EQ(assertions.size(), 1U);
+    EXPECT_EQ(assertions[0].hresult, CONNECT_E_ADVISELIMIT);
+    host.clear();
+    root->Destroy();
+    EXPECT_EQ(host.count("ProfilesEvents.Unadvise"), 0);
+}
+
+TEST_F(FillTest, AProfileThatComesBetweenPanelsAndSubscriptionShowsAtTheNextReload) {
+    add_profile(L"Alpha");
+    com_ptr<test::FakeProfile> late;
+    host.on_call("ProfilesEvents.Advise", [&] {
+        late = add_profile(L"Late");
+        center->profiles->fire(eTM_CTOE_Added, {late});
+    });
+    ASSERT_EQ(demand(), S_OK);
+    EXPECT_THAT(tab_names(), ElementsAre(L"Alpha"));
+    host.forget_faults();
+    center->profiles->fire(eTM_CTOE_ReloadComplete, {});
+    EXPECT_THAT(tab_names(), ElementsAre(L"Alpha", L"Late"));
+}
+
+TEST_F(FillTest, GarbageInTheListIsReportedAndTheOtherProfilesGoOn) {
+    center->profiles->items.push_back(nullptr);
+    center->profiles->items.push_back(platform::make_com<test::FakeOnCommand>(host)->GetUnknown());
+    add_profile(L"Alpha");
+    EXPECT_EQ(demand(), S_OK);
+    EXPECT_THAT(tab_names(), ElementsAre(L"Alpha"));
+    EXPECT_THAT(take_assertions(), ElementsAre("_prof", "_prof"));
+}
+
+TEST_F(FillTest, AListThatWasNeverWrittenIsANullPointer) {
+    host.leave_unwritten("Profiles.get_Items");
+    EXPECT_EQ(demand(), E_POINTER);
+    EXPECT_THAT(tab_names(), IsEmpty());
+}
+
+TEST_F(FillTest, EveryOperationOfTheDriverIsADemand) {
+    OD_SSymbolInfo info{};
+    _bstr_t text;
+    const auto is_demand = [&](auto&& operation) {
+        EXPECT_EQ(root->Destroy(), S_OK);
+        EXPECT_EQ(create(), S_OK);
+        host.clear();
+        operation();
+        return host.count("Center.Prepare(-1)") == 1;
+    };
+    EXPECT_TRUE(is_demand([&] { root->put_SymbolInfo(nullptr, &info); }));
+    EXPECT_TRUE(is_demand([&] { root->get_SymbolInfo(nullptr, &info); }));
+    EXPECT_TRUE(is_demand([&] { root->put_Account(nullptr, nullptr); }));
+    EXPECT_TRUE(is_demand([&] { root->get_Account(nullptr, text.GetAddress()); }));
+    EXPECT_TRUE(is_demand([&] { root->put_ActiveTab(nullptr); }));
+    EXPECT_TRUE(is_demand([&] { root->get_ActiveTab(text.GetAddress()); }));
+    EXPECT_TRUE(is_demand([&] {
+        SAFEARRAY* commands = nullptr;
+        root->get_Commands(&commands);
+        SafeArrayDestroy(commands);
+    }));
+    EXPECT_FALSE(is_demand([&] { root->get_StatusLineString(text.GetAddress()); }));
+    EXPECT_FALSE(is_demand([&] { root->UpdateLayout(); }));
+}
+
+}  // namespace
