@@ -30,7 +30,9 @@ bool returns_directly(UINT uMsg) {
 
 }  // namespace
 
-dialog::~dialog() { DestroyWindow(); }
+dialog::~dialog() {
+    DestroyWindow();
+}
 
 bool dialog::Create(UINT template_id, HWND parent) {
     const common_controls_scope scope;

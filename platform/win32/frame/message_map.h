@@ -26,6 +26,11 @@ protected:
     ~message_map() = default;
 };
 
+// The client point that a mouse message carries.
+inline POINT point_of(LPARAM lParam) {
+    return {static_cast<SHORT>(LOWORD(lParam)), static_cast<SHORT>(HIWORD(lParam))};
+}
+
 // Runs a handler that gives an answer. What it throws is logged with the place given, and the message
 // then counts as handled with the result 0.
 template <class Handler>

@@ -48,12 +48,14 @@ UINT CCreateNewProfileCmd::_choose(const std::vector<CString>& names, POINT at) 
     for (const CString& name : names) {
         items.push_back({static_cast<UINT>(items.size() + 1), name, true});
     }
+    UINT chosen = 0;
     try {
-        return platform::port<platform::desktop>::get().popup_menu(FindMainFrame(), items, at);
+        chosen = platform::port<platform::desktop>::get().popup_menu(FindMainFrame(), items, at);
     } catch (const _com_error&) {
         BugSlayerUtil::assertion(BS_HERE, "menu.CreatePopupMenu()");
         throw;
     }
+    return chosen;
 }
 
 void CCreateNewProfileCmd::_add(const CString& name) {

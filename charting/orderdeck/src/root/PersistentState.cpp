@@ -192,7 +192,8 @@ bool COrderDeckObj::_need_disconnect() {
     LONG count = 0;
     center->get_MasterCounter(&count);
     if (count > 1) {
-        BugSlayerUtil::tracef(BS_HERE, "Master's counter is %d. Don't disconnect profiles", count);
+        BugSlayerUtil::tracef(BS_HERE, "Master's counter is %d. Don't disconnect profiles",
+                              static_cast<int>(count));
         return false;
     }
     return true;

@@ -1,0 +1,78 @@
+#include "charting/orderdeck/src/window/PriceEdit.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "charting/orderdeck/src/window/PanelItems.h"
+#include "charting/orderdeck/src/window/ProfileTabWindow.h"
+#include "charting/orderdeck/src/window/WindowText.h"
+#include "unicomp/Simples/interface/FillText.h"
+#include "unicomp/Simples/interface/resource_string.h"
+
+namespace OV_OrderDeck::details {
+
+namespace {
+
+constexpr UINT range_text = 122;
+
+CString whole_part(double value) {
+    using limits = std::numeric_limits<LONG>;
+    return std::to_wstring(static_cast<LONG>(
+        std::clamp(value, static_cast<double>(limits::min()), static_cast<double>(limits::max()))));
+}
+
+}  // namespace
+
+void CPriceEdit::OnUpdate() {
+    const auto field = m_panel->get_Control(entity_of_item(m_item));
+    if (!field) {
+        return;
+    }
+    field->put_Value(_variant_t(window_text(m_hWnd).c_str()));
+    if (!field->IsEmpty()) {
+        m_panel->get_Tips().Hide();
+        return;
+    }
+    double low = 0.0;
+    double high = 0.0;
+    field->get_ValueRange(&low, &high);
+    m_panel->get_Tips().Show(
+        m_hWnd, resource_string::text(m_title),
+        Unicomp::fill_text(resource_string::text(range_text), {whole_part(low), whole_part(high)}));
+}
+
+void CPriceEdit::OnDeltaSpinChanged(int delta) {
+    const OD_UpdateEntity entity = entity_of_item(m_item);
+    const auto field = m_panel->get_Control(entity);
+    if (!field) {
+        return;
+    }
+    _variant_t steps;
+    steps.vt = VT_INT;
+    steps.intVal = delta;
+    field->put_Value(steps);
+    m_panel->get_Tips().Hide();
+    m_panel->Update(entity, false, false);
+}
+
+BOOL CPriceEdit::ProcessWindowMessage(HWND, UINT uMsg, WPARAM, LPARAM, LRESULT&, DWORD dwMsgMapID) {
+    if (!BS_ASSERT_TEXT(dwMsgMapID == 0, "0")) {
+        return FALSE;
+    }
+    if (uMsg == WM_KILLFOCUS) {
+        BugSlayerUtil::guard(BS_HERE, [&] { _on_kill_focus(); });
+    }
+    return FALSE;
+}
+
+// The text and the spin follow the value. What is no price stays for the user to mend.
+void CPriceEdit::_on_kill_focus() {
+    m_panel->get_Tips().Hide();
+    const OD_UpdateEntity entity = entity_of_item(m_item);
+    const auto field = m_panel->get_Control(entity);
+    if (field && !field->IsEmpty()) {
+        m_panel->Update(entity, false, false);
+    }
+}
+
+}  // namespace OV_OrderDeck::details

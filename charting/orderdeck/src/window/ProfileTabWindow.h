@@ -1,0 +1,110 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <limits>
+
+#include "charting/orderdeck/interface/ITab.h"
+#include "charting/orderdeck/src/window/AskBidButtonImpl.h"
+#include "charting/orderdeck/src/window/CtrlsLayout.h"
+#include "charting/orderdeck/src/window/FieldTips.h"
+#include "charting/orderdeck/src/window/LayoutPanel.h"
+#include "charting/orderdeck/src/window/PriceEdit.h"
+#include "charting/orderdeck/src/window/QuantityBox.h"
+#include "platform/win32/frame/dialog.h"
+#include "unicomp/wtlcontrols/ActualCalendar/GTDCalendar.h"
+#include "unicomp/wtlcontrols/EditCommand/EditCommand.h"
+#include "unicomp/wtlcontrols/EditCommand/IEditCommandSink2.h"
+#include "unicomp/wtlcontrols/VariousNumberEditorsCtrls/INumberEditorHost.h"
+
+namespace OV_OrderDeck {
+
+class COrderDeckWindow;
+
+// The order row on the screen. It holds nothing of an order: it shows the fields of the bar's current tab
+// and hands them what the user does, so one panel serves all tabs. Lives on the bar's thread.
+class CProfileTabWindow final : public WTLControls::IEditCommandSink2,
+                                public WTLControls::NumberEditors::INumberEditorHost,
+                                public frame::dialog {
+public:
+    // The bar is not owned. Throws _com_error (E_POINTER) for a null one.
+    explicit CProfileTabWindow(COrderDeckWindow* bar);
+    ~CProfileTabWindow();
+
+    // False when there is no window.
+    bool Create(HWND parent);
+    HWND get_Hwnd() const { return m_hWnd; }
+    // The window that shows a field, the edit for a price. Throws std::out_of_range.
+    HWND get_Window(OD_UpdateEntity entity) const;
+    // The current tab's field, empty without a tab.
+    boost::shared_ptr<IUnifyControl> get_Control(OD_UpdateEntity entity) const;
+    CFieldTips& get_Tips() { return m_tips; }
+
+    // Brings the window of one field up to date. bNoAnimation: what comes and goes does so at once.
+    // bKeepQuantity: a symbol of another category leaves the quantity. Throws _com_error.
+    void Update(OD_UpdateEntity entity, bool bNoAnimation, bool bKeepQuantity);
+
+    BOOL ProcessWindowMessage(HWND hWnd, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT& lResult,
+                              DWORD dwMsgMapID) override;
+
+    void OnButtonPressed(LONG id) override;
+    void OnEditSetFocus(LONG id) override;
+    void OnEditEnd(LONG id, bool accepted) override;
+    void OnEditKillFocus(LONG id) override;
+
+    void OnFormatChange(int id, WTLControls::NumberEditors::eFormats format) override;
+    void OnStringChanged(int id, const _bstr_t& text) override;
+    bool UsesDisplayText(int) override { return true; }
+    CString GetDisplayText(double value) override;
+
+private:
+    frame::answer _dispatch_command(WPARAM wParam);
+    frame::answer _dispatch_notify(const NMHDR& notice);
+
+    frame::answer OnInitDialog();
+    frame::answer OnTabRClick(POINT point);
+    frame::answer OnEraseBackground(HDC dc);
+    frame::answer OnTimer(UINT_PTR id);
+    frame::answer OnCBChange(int id);
+    frame::answer OnBnClicked(int id);
+    frame::answer OnUpdateEdit(int id);
+    frame::answer OnDateTimeChange(const NMHDR& notice);
+    frame::answer OnDeltaSpinChanged(const NMHDR& notice);
+
+    void _init_prices();
+    void _init_combo_heights();
+    void _init_theme();
+
+    void _update_text(HWND window, IUnifyControl& field);
+    void _update_lookup(HWND window, IUnifyControl& field, bool bKeepQuantity);
+    void _update_combo_box_ctrl(HWND window, IUnifyControl& field);
+    void _fit_order_type(HWND window);
+    void _update_quantity_ctrl(IUnifyControl& field);
+    void _update_price(OD_UpdateEntity entity, HWND window, IUnifyControl& field);
+    void _update_date_time_picker_ctrl(HWND window, IUnifyControl& field);
+    void _update_ask_bid(IUnifyControl& field);
+
+    // The symbol field; empty without a tab, which is reported.
+    boost::shared_ptr<ISymbolCtrl> _symbol_field() const;
+    void _lookup_symbol(bool bAskConnect, bool bQuiet);
+
+    COrderDeckWindow* m_pBar;
+    CFieldTips m_tips;
+    details::CPriceEdit m_first_price;
+    details::CPriceEdit m_second_price;
+    CQuantityBox m_quantity;
+    // Of the symbol last seen; no category is this one, so the first symbol sets the quantity.
+    LONG m_lastCategory = std::numeric_limits<LONG>::min();
+    WTLControls::CEditCommandCtrlWnd2 m_symbol;
+    AskBidButtonImpl m_ask_bid;
+    // The box of the order type is hardly wider than its longest item.
+    CFittedFont m_order_type_font;
+    CLayoutPanel m_layout_panel;
+    CCtrlsLayout m_layout{m_layout_panel};
+    WTLControls::CGTDCalendar m_calendar;
+    // A symbol action runs: the dialog that it opens takes the focus, which must not start another.
+    bool m_bInSymbolAction = false;
+    // The panel itself writes a window's text: the change notice that comes of it is not the user's.
+    bool m_bSettingText = false;
+};
+
+}  // namespace OV_OrderDeck

@@ -1,0 +1,20 @@
+// Small helpers round single windows.
+#pragma once
+
+#include "charting/orderdeck/interface/IUnifyControl.h"
+#include "platform/text.h"
+
+namespace OV_OrderDeck {
+
+CString window_text(HWND window);
+
+// The value of a field as text. Throws _com_error when it is none.
+CString text_of_value(IUnifyControl& field);
+
+// The longest text in the list of a combo box.
+CString longest_item(HWND combo);
+
+// Makes the list of a combo box as wide as its longest item, however narrow the box is.
+void widen_list(HWND combo);
+
+}  // namespace OV_OrderDeck

@@ -1,0 +1,283 @@
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "tests/window/bar_fixture.h"
+
+namespace {
+
+using namespace OV_OrderDeck;
+using lookups = std::vector<window_tests::fake_symbol::lookup>;
+
+class PanelNotices : public window_tests::bar_test {
+protected:
+    void SetUp() override {
+        tab = add(L"A");
+        for (const auto& [entity, field] : tab->fields) {
+            if (auto* const plain = dynamic_cast<window_tests::fake_field*>(field.get())) {
+                plain->values.clear();
+                plain->selections.clear();
+            }
+        }
+    }
+
+    window_tests::fake_field& field(OD_UpdateEntity entity) { return tab->field(entity); }
+    void type(int id, const wchar_t* characters) {
+        SetFocus(item(id));
+        for (; *characters != L'\0'; ++characters) {
+            SendMessageW(item(id), WM_CHAR, *characters, 1);
+        }
+    }
+    void press(int id, WPARAM key) { SendMessageW(item(id), WM_KEYDOWN, key, 1); }
+    void choose(int id, int index) {
+        SendMessageW(item(id), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+        SendMessageW(panel(), WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE), reinterpret_cast<LPARAM>(item(id)));
+    }
+    void spin(int id, int delta) {
+        NMUPDOWN notice = {{item(id), static_cast<UINT_PTR>(id), static_cast<UINT>(UDN_DELTAPOS)}, 0, delta};
+        SendMessageW(panel(), WM_NOTIFY, static_cast<WPARAM>(id), reinterpret_cast<LPARAM>(&notice));
+    }
+    void pick(DWORD flags, const SYSTEMTIME& date) {
+        NMDATETIMECHANGE notice = {{item(228), 228, static_cast<UINT>(DTN_DATETIMECHANGE)}, flags, date};
+        SendMessageW(panel(), WM_NOTIFY, 228, reinterpret_cast<LPARAM>(&notice));
+    }
+    bool balloon_visible() const { return IsWindowVisible(balloon()) != FALSE; }
+    HWND balloon() const { return bar->get_Panel().get_Tips().get_Hwnd(); }
+    CString balloon_text(int id) const {
+        wchar_t shown[200] = {};
+        TTTOOLINFOW tool = {};
+        tool.cbSize = TTTOOLINFOW_V2_SIZE;
+        tool.hwnd = panel();
+        tool.uId = reinterpret_cast<UINT_PTR>(item(id));
+        tool.lpszText = shown;
+        SendMessageW(balloon(), TTM_GETTEXTW, 200, reinterpret_cast<LPARAM>(&tool));
+        return shown;
+    }
+
+    boost::shared_ptr<window_tests::fake_tab> tab;
+};
+
+TEST_F(PanelNotices, BuyAndSellPressTheirFields) {
+    click(item(225));
+    EXPECT_EQ(field(eODUE_Buy).selections, std::vector<LONG>{0});
+    EXPECT_TRUE(field(eODUE_Sell).selections.empty());
+    click(item(227));
+    EXPECT_EQ(field(eODUE_Sell).selections, std::vector<LONG>{0});
+}
+
+TEST_F(PanelNotices, AClickOnAMissingFieldDoesNothing) {
+    tab->fields.erase(eODUE_Buy);
+    click(item(225));
+    EXPECT_TRUE(reports.traces().empty());
+    EXPECT_TRUE(asserted().empty());
+}
+
+TEST_F(PanelNotices, AClickOnAnUnknownWindowIsLoggedAndNothingElse) {
+    SendMessageW(panel(), WM_COMMAND, MAKEWPARAM(999, BN_CLICKED), 0);
+    const auto traces = reports.traces();
+    ASSERT_EQ(traces.size(), 1u);
+    EXPECT_EQ(traces[0].find(L"std::out_of_range - Unknown control id; FILE - "), 0u);
+    EXPECT_NE(traces[0].find(L"ProfileTabWindow.cpp, LINE - "), CString::npos);
+}
+
+TEST_F(PanelNotices, TheLeftHalfOfTheQuotesHitsTheBidAndTheRestTheAsk) {
+    click(item(231));
+    ASSERT_EQ(tab->quotes->values.size(), 1u);
+    EXPECT_EQ(tab->quotes->values[0].vt, VT_R8);
+    EXPECT_EQ(tab->quotes->values[0].dblVal, 101.5);
+    SendMessageW(item(231), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(4, 4));
+    SendMessageW(item(231), WM_LBUTTONUP, 0, MAKELPARAM(4, 4));
+    EXPECT_EQ(tab->quotes->values.back().dblVal, 101.25);
+    SetFocus(item(231));
+    SendMessageW(item(231), WM_KEYDOWN, VK_SPACE, 1);
+    SendMessageW(item(231), WM_KEYUP, VK_SPACE, 1);
+    EXPECT_EQ(tab->quotes->values.size(), 3u);
+    EXPECT_EQ(tab->quotes->values.back().dblVal, 101.5);
+    EXPECT_TRUE(tab->quotes->selections.empty());
+}
+
+TEST_F(PanelNotices, AChosenItemSelectsItsKey) {
+    choose(206, 2);
+    choose(220, 1);
+    choose(222, 1);
+    EXPECT_EQ(field(eODUE_OrderType).selections, std::vector<LONG>{3});
+    EXPECT_EQ(field(eODUE_Account).selections, std::vector<LONG>{1});
+    EXPECT_EQ(field(eODUE_TimeInForce).selections, std::vector<LONG>{4});
+    choose(206, -1);
+    EXPECT_EQ(field(eODUE_OrderType).selections, (std::vector<LONG>{3, CB_ERR}));
+}
+
+TEST_F(PanelNotices, TypingAPriceTellsTheFieldAtEachCharacter) {
+    type(214, L"12");
+    ASSERT_EQ(field(eODUE_FirstPrice).values.size(), 2u);
+    EXPECT_EQ(field(eODUE_FirstPrice).values[0].vt, VT_BSTR);
+    EXPECT_STREQ(field(eODUE_FirstPrice).values[0].bstrVal, L"1");
+    EXPECT_STREQ(field(eODUE_FirstPrice).values[1].bstrVal, L"12");
+    EXPECT_TRUE(field(eODUE_SecondPrice).values.empty());
+    EXPECT_FALSE(balloon_visible());
+}
+
+TEST_F(PanelNotices, APriceThatIsNoneShowsTheRangeAtOnceWithItsTitle) {
+    field(eODUE_SecondPrice).empty = true;
+    field(eODUE_SecondPrice).low = 0.25;
+    field(eODUE_SecondPrice).high = 250000.0;
+    static CString title;
+    title.clear();
+    const auto spy = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                        DWORD_PTR) -> LRESULT {
+        if (message == TTM_SETTITLEW) {
+            title = reinterpret_cast<const wchar_t*>(lParam);
+        }
+        return DefSubclassProc(window, message, wParam, lParam);
+    };
+    SetWindowSubclass(balloon(), spy, 1, 0);
+    type(217, L"x");
+    EXPECT_TRUE(balloon_visible());
+    EXPECT_EQ(balloon_text(217), L"請輸入 0 至 250000 的數值。");
+    EXPECT_EQ(title, L"委託價");
+    field(eODUE_SecondPrice).empty = false;
+    type(217, L"1");
+    EXPECT_FALSE(balloon_visible());
+}
+
+TEST_F(PanelNotices, LeavingAPriceShowsItsValueAndKeepsWhatIsNone) {
+    type(214, L"1.50");
+    field(eODUE_FirstPrice).value = L"1.5";
+    SetFocus(item(209));
+    EXPECT_EQ(text(214), L"1.5");
+    type(214, L"abc");
+    const CString typed = text(214);
+    field(eODUE_FirstPrice).empty = true;
+    field(eODUE_FirstPrice).value = L"";
+    SetFocus(item(209));
+    EXPECT_EQ(text(214), typed);
+}
+
+TEST_F(PanelNotices, ASpinGivesItsStepsAndShowsWhatComes) {
+    field(eODUE_FirstPrice).value = L"7";
+    spin(213, -3);
+    ASSERT_EQ(field(eODUE_FirstPrice).values.size(), 1u);
+    EXPECT_EQ(field(eODUE_FirstPrice).values[0].vt, VT_INT);
+    EXPECT_EQ(field(eODUE_FirstPrice).values[0].intVal, -3);
+    EXPECT_EQ(text(214), L"7");
+    spin(216, 1);
+    EXPECT_EQ(field(eODUE_SecondPrice).values.size(), 1u);
+    spin(999, 1);
+    EXPECT_EQ(field(eODUE_FirstPrice).values.size(), 1u);
+    EXPECT_EQ(field(eODUE_SecondPrice).values.size(), 1u);
+}
+
+TEST_F(PanelNotices, APickedDateGoesToTheFieldAsAnOleDate) {
+    pick(GDT_VALID, {2026, 1, 4, 1, 18, 0, 0, 0});
+    ASSERT_EQ(field(eODUE_GtdDate).values.size(), 1u);
+    EXPECT_EQ(field(eODUE_GtdDate).values[0].vt, VT_DATE);
+    EXPECT_EQ(field(eODUE_GtdDate).values[0].date, 46023.75);
+}
+
+TEST_F(PanelNotices, ANoticeWithoutADateWritesTheDateZero) {
+    pick(GDT_NONE, {});
+    ASSERT_EQ(field(eODUE_GtdDate).values.size(), 1u);
+    EXPECT_EQ(field(eODUE_GtdDate).values[0].vt, VT_DATE);
+    EXPECT_EQ(field(eODUE_GtdDate).values[0].date, 0.0);
+}
+
+TEST_F(PanelNotices, TypingAQuantityTellsTheField) {
+    SendMessageW(item(209), EM_SETSEL, 0, -1);
+    type(209, L"7");
+    ASSERT_FALSE(field(eODUE_Quantity).values.empty());
+    EXPECT_EQ(field(eODUE_Quantity).values.back().vt, VT_BSTR);
+}
+
+TEST_F(PanelNotices, AQuantityIsAbbreviatedWithoutTheFocusAndPlainWithIt) {
+    field(eODUE_Quantity).value = L"1500";
+    bar->Update(tab->id, eODUE_Quantity);
+    EXPECT_EQ(text(209), L"1.5K");
+    field(eODUE_Quantity).values.clear();
+    SetFocus(item(209));
+    EXPECT_EQ(text(209), L"1500");
+    SetFocus(item(214));
+    EXPECT_EQ(text(209), L"1.5K");
+    EXPECT_TRUE(field(eODUE_Quantity).values.empty());
+}
+
+TEST_F(PanelNotices, AFormatChangeIsNeverExpected) {
+    bar->get_Panel().OnFormatChange(209, {});
+    EXPECT_EQ(asserted(), std::vector<std::wstring>{L"0"});
+}
+
+TEST_F(PanelNotices, WithoutATabANewQuantityAndTheSymbolAreReported) {
+    bar->RemoveAllTabs();
+    bar->get_Panel().OnStringChanged(209, L"5");
+    bar->get_Panel().OnButtonPressed(203);
+    bar->get_Panel().OnEditEnd(203, true);
+    EXPECT_EQ(asserted(), (std::vector<std::wstring>{L"_ctrl", L"_ctrl", L"_ctrl"}));
+}
+
+TEST_F(PanelNotices, EnterLooksTheSymbolUpAndMayAskToConnect) {
+    SetWindowTextW(item(203), L"es");
+    press(203, VK_RETURN);
+    EXPECT_EQ(tab->symbol->lookups, (lookups{{L"es", true, false}}));
+    EXPECT_EQ(text(203), L"FOUND");
+}
+
+TEST_F(PanelNotices, EnterOnTheUnchangedSymbolDoesNothing) {
+    press(203, VK_RETURN);
+    EXPECT_TRUE(tab->symbol->lookups.empty());
+    EXPECT_TRUE(asserted().empty());
+}
+
+TEST_F(PanelNotices, EscShowsTheSymbolsNameAgain) {
+    SetWindowTextW(item(203), L"es");
+    press(203, VK_ESCAPE);
+    EXPECT_TRUE(tab->symbol->lookups.empty());
+    EXPECT_EQ(text(203), L"SYM");
+    EXPECT_TRUE(IsWindow(bar->get_Hwnd()));
+}
+
+TEST_F(PanelNotices, LeavingTheSymbolLooksItUpQuietly) {
+    SetFocus(item(203));
+    SetWindowTextW(item(203), L"nq");
+    SetFocus(item(209));
+    EXPECT_EQ(tab->symbol->lookups, (lookups{{L"nq", false, true}}));
+    EXPECT_EQ(text(203), L"FOUND");
+}
+
+TEST_F(PanelNotices, TheDialogOfALookupThatTakesTheFocusStartsNoOther) {
+    SetFocus(item(203));
+    SetWindowTextW(item(203), L"es");
+    tab->symbol->in_dialog = [this] { SetFocus(item(209)); };
+    press(203, VK_RETURN);
+    EXPECT_EQ(tab->symbol->lookups.size(), 1u);
+    tab->symbol->lookups.clear();
+    SetFocus(item(203));
+    SetWindowTextW(item(203), L"cl");
+    tab->symbol->found = L"PICKED";
+    click(GetDlgItem(item(203), 203));
+    EXPECT_EQ(tab->symbol->dialogs, 1);
+    EXPECT_TRUE(tab->symbol->lookups.empty());
+    EXPECT_EQ(text(203), L"PICKED");
+}
+
+TEST_F(PanelNotices, AfterItsButtonTheSymbolHasTheFocus) {
+    SetFocus(item(209));
+    click(GetDlgItem(item(203), 203));
+    EXPECT_EQ(GetFocus(), item(203));
+}
+
+TEST_F(PanelNotices, TheFocusSelectsTheSymbolsText) {
+    SetFocus(item(209));
+    SetFocus(item(203));
+    DWORD from = 9;
+    DWORD to = 9;
+    SendMessageW(item(203), EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+    EXPECT_EQ(from, 0u);
+    EXPECT_EQ(to, 3u);
+}
+
+TEST_F(PanelNotices, TheSymbolWantsEnterAndEscForItself) {
+    EXPECT_EQ(SendMessageW(item(203), WM_GETDLGCODE, VK_RETURN, 0), DLGC_WANTALLKEYS);
+    EXPECT_EQ(SendMessageW(item(203), WM_GETDLGCODE, VK_ESCAPE, 0), DLGC_WANTALLKEYS);
+    EXPECT_NE(SendMessageW(item(203), WM_GETDLGCODE, VK_TAB, 0), DLGC_WANTALLKEYS);
+}
+
+}  // namespace

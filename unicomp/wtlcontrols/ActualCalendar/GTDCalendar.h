@@ -1,0 +1,17 @@
+#pragma once
+
+#include "unicomp/wtlcontrols/ActualCalendar/ActualCalendar.h"
+
+namespace WTLControls {
+
+// The calendar of a good-till date: days before the date that it was last set to can't be picked.
+class CGTDCalendar final : public CActualCalendar {
+public:
+    // From the date shown to the end of the calendar.
+    void SetRange();
+
+private:
+    void OnDateCorrected() override { SetRange(); }
+};
+
+}  // namespace WTLControls

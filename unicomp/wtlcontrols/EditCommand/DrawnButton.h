@@ -1,0 +1,48 @@
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "platform/win32/frame/subclassed_window.h"
+#include "unicomp/wtlcontrols/EditCommand/IEditCommandSink2.h"
+
+namespace WTLControls {
+
+// A small button inside an edit that draws itself from the messages that it gets directly, so its parent
+// need not reflect any.
+class CSimpleFuckingButtonThatCanDrawWithoutReflectFuckingNotifications final
+    : public frame::subclassed_window {
+public:
+    // The sink is not owned and outlives the button. id is what it hears.
+    CSimpleFuckingButtonThatCanDrawWithoutReflectFuckingNotifications(IEditCommandSink2& sink, LONG id)
+        : m_sink(&sink), m_id(id) {}
+
+    // Three pictures: at rest, under the mouse, and one that no state reaches. Not owned.
+    void put_Images(HIMAGELIST images) { m_images = images; }
+    // Draws the button anew at once, unless it is hidden.
+    void Repaint() const;
+
+    BOOL ProcessWindowMessage(HWND hWnd, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT& lResult,
+                              DWORD dwMsgMapID) override;
+
+private:
+    enum state : int { at_rest = 0, hot = 1, pressed = 4 };
+
+    frame::answer _dispatch(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    void _on_paint();
+    void _paint(HDC target);
+    void _on_mouse_move();
+    void _on_mouse_leave();
+    void _on_button_up(POINT at);
+    void _set_state(state next);
+
+    IEditCommandSink2* m_sink;
+    LONG m_id;
+    HIMAGELIST m_images = nullptr;
+    state m_state = at_rest;
+    // A request to hear when the mouse leaves is outstanding.
+    bool m_tracking = false;
+};
+
+}  // namespace WTLControls
