@@ -24,7 +24,7 @@ void CAccountCombo::Update() {
     }
     platform::safearray _acc_arr;
     _trad->GetAccounts(_acc_arr.receive());
-    if (!BS_ASSERT(_acc_arr)) {
+    if (!BS_ASSERT(_acc_arr) || !BS_ASSERT(is_list_of_texts(_acc_arr.get()))) {
         return;
     }
     const std::vector<CString> names = texts_of(_acc_arr.get());

@@ -6,7 +6,7 @@
 namespace OV_OrderDeck {
 
 bool CAskBidButton::get_Enabled() {
-    return m_bEnabled && !IsEmpty() && is_connected_with_symbol(_tab());
+    return m_bEnabled && has_symbol(_tab()) && !IsEmpty() && is_connected(_tab());
 }
 
 void CAskBidButton::put_Value(const VARIANT& value) {

@@ -35,7 +35,8 @@ bool CBuySellButtonBase::get_Enabled() {
 
 CString CBuySellButtonBase::_caption(UINT verb) {
     const CControlsHolder& fields = _tab().get_Controls();
-    const UINT word = word_of(fields.m_pOrderType->get_OrderType());
+    // The key as it is: without an order type the face is refused like any other unknown category.
+    const UINT word = word_of(fields.m_pOrderType->get_SelectedItem(nullptr));
     return resource_string::text(verb) + L" " + resource_string::text(word) + L"\n" +
            local_format::CNumberFormat::IntegerToText(fields.m_pQuantity->get_Quantity());
 }

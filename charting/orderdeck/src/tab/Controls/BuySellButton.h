@@ -12,7 +12,7 @@ public:
 
 protected:
     // Verb, blank, word of the order category, line feed, quantity. Throws std::out_of_range for a category
-    // that is not known.
+    // that is not known, none selected included.
     CString _caption(UINT verb);
     void _place_order(LONG action);
 };

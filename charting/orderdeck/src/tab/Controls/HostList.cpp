@@ -1,5 +1,8 @@
 #include "charting/orderdeck/src/tab/Controls/HostList.h"
 
+#include <algorithm>
+#include <initializer_list>
+
 #include "diagnostics/BugSlayerUtil.h"
 
 namespace OV_OrderDeck {
@@ -11,10 +14,13 @@ void check(HRESULT hr) {
     }
 }
 
-void check_shape(SAFEARRAY* array, VARTYPE type, VARTYPE same_size) {
+// A type that the array doesn't tell is none of those that are taken.
+bool is_list_of(SAFEARRAY* array, std::initializer_list<VARTYPE> types) {
     VARTYPE found = VT_EMPTY;
-    check(SafeArrayGetVartype(array, &found));
-    BS_REQUIRE((found == type || found == same_size) && SafeArrayGetDim(array) == 1, DISP_E_TYPEMISMATCH);
+    if (FAILED(SafeArrayGetVartype(array, &found)) || SafeArrayGetDim(array) != 1) {
+        return false;
+    }
+    return std::find(types.begin(), types.end(), found) != types.end();
 }
 
 template <class Action>
@@ -30,8 +36,16 @@ void each(SAFEARRAY* array, Action action) {
 
 }  // namespace
 
+bool is_list_of_texts(SAFEARRAY* array) {
+    return is_list_of(array, {VT_BSTR});
+}
+
+bool is_list_of_numbers(SAFEARRAY* array) {
+    return is_list_of(array, {VT_I4, VT_INT});
+}
+
 std::vector<CString> texts_of(SAFEARRAY* array) {
-    check_shape(array, VT_BSTR, VT_BSTR);
+    BS_REQUIRE(is_list_of_texts(array), DISP_E_TYPEMISMATCH);
     std::vector<CString> result;
     each(array, [&](LONG index) {
         _bstr_t text;
@@ -42,7 +56,7 @@ std::vector<CString> texts_of(SAFEARRAY* array) {
 }
 
 std::vector<LONG> numbers_of(SAFEARRAY* array) {
-    check_shape(array, VT_I4, VT_INT);
+    BS_REQUIRE(is_list_of_numbers(array), DISP_E_TYPEMISMATCH);
     std::vector<LONG> result;
     each(array, [&](LONG index) {
         LONG number = 0;

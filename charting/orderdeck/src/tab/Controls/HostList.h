@@ -7,8 +7,12 @@
 
 namespace OV_OrderDeck {
 
-// The elements of a list that the host gave. An array of another type or shape than told is reported and
-// throws _com_error (DISP_E_TYPEMISMATCH).
+// Whether a list that the host gave has the type and shape that it should. A field asks first, so that its
+// old list stays and the event that brought the new one goes on.
+bool is_list_of_texts(SAFEARRAY* array);
+bool is_list_of_numbers(SAFEARRAY* array);
+
+// The elements of such a list. Any other array is reported and throws _com_error (DISP_E_TYPEMISMATCH).
 std::vector<CString> texts_of(SAFEARRAY* array);
 std::vector<LONG> numbers_of(SAFEARRAY* array);
 

@@ -59,7 +59,8 @@ void CPriceEditBase::get_SpinRange(LONG* low, LONG* high) {
         return;
     }
     if (low != nullptr) {
-        *low = 1;
+        // A step without end can't be counted: it has no first one.
+        *low = std::isfinite(step) ? 1 : 0;
     }
     if (high != nullptr) {
         *high = saturate(std::ceil(HighestPrice / step));

@@ -48,7 +48,7 @@ void CTimeInForceCombo::Update(MTPA_OrdrCtgry category) {
     }
     platform::safearray _tif_arr;
     _trad->GetTimeInForces(category, _tif_arr.receive());
-    if (!BS_ASSERT(_tif_arr)) {
+    if (!BS_ASSERT(_tif_arr) || !BS_ASSERT(is_list_of_numbers(_tif_arr.get()))) {
         return;
     }
     const std::vector<LONG> codes = numbers_of(_tif_arr.get());

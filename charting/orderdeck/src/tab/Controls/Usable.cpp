@@ -6,9 +6,12 @@
 
 namespace OV_OrderDeck {
 
-bool is_connected_with_symbol(CTab& tab) {
-    return tab.get_Profile()->get_ConnectionState(true) == eTM_CC_Connected &&
-           tab.get_Controls().m_pSymbol->get_Symbol().valid();
+bool is_connected(CTab& tab) {
+    return tab.get_Profile()->get_ConnectionState(true) == eTM_CC_Connected;
+}
+
+bool has_symbol(CTab& tab) {
+    return tab.get_Controls().m_pSymbol->get_Symbol().valid();
 }
 
 }  // namespace OV_OrderDeck
