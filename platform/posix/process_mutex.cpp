@@ -18,11 +18,14 @@
 namespace platform {
 namespace {
 
-// What the shared-memory object holds. The mark is written last, so that an object whose maker died is
-// made again.
+// What the shared-memory object holds. The mark is written last, so that an object whose maker died, or
+// that has another layout, is made again.
 struct shared_state {
-    static constexpr std::uint32_t made = 0x4D555458;
+    static constexpr std::uint32_t made = 0x4D555802;
     std::atomic<std::uint32_t> mark;
+    // Thread id of the owner, and how often it owns the mutex; the latter is the owner's alone.
+    std::atomic<pid_t> owner;
+    int depth;
     pthread_mutex_t mutex;
 };
 
@@ -90,6 +93,8 @@ shared_state* map_object(const std::string& name) {
     }
     auto* const state = static_cast<shared_state*>(start);
     if (state->mark.load() != shared_state::made) {
+        state->owner.store(0);
+        state->depth = 0;
         if (!make_mutex(*state)) {
             munmap(start, sizeof(shared_state));
             return nullptr;
@@ -113,14 +118,18 @@ timespec time_after(DWORD milliseconds) {
 
 class posix_process_mutex final : public process_mutex {
 public:
-    explicit posix_process_mutex(pthread_mutex_t& mutex) : m_mutex(mutex) {}
+    explicit posix_process_mutex(shared_state& state) : m_state(state) {}
 
     DWORD wait(DWORD milliseconds) noexcept override {
         switch (lock(milliseconds)) {
             case 0:
+                m_state.owner.store(gettid());
+                ++m_state.depth;
                 return WAIT_OBJECT_0;
             case EOWNERDEAD:
-                pthread_mutex_consistent(&m_mutex);
+                pthread_mutex_consistent(&m_state.mutex);
+                m_state.owner.store(gettid());
+                m_state.depth = 1;
                 return WAIT_ABANDONED;
             case EBUSY:
             case ETIMEDOUT:
@@ -130,21 +139,29 @@ public:
         }
     }
 
-    void release() noexcept override { pthread_mutex_unlock(&m_mutex); }
+    void release() noexcept override {
+        if (m_state.owner.load() != gettid()) {
+            return;
+        }
+        if (--m_state.depth == 0) {
+            m_state.owner.store(0);
+        }
+        pthread_mutex_unlock(&m_state.mutex);
+    }
 
 private:
     int lock(DWORD milliseconds) noexcept {
         if (milliseconds == 0) {
-            return pthread_mutex_trylock(&m_mutex);
+            return pthread_mutex_trylock(&m_state.mutex);
         }
         if (milliseconds == INFINITE) {
-            return pthread_mutex_lock(&m_mutex);
+            return pthread_mutex_lock(&m_state.mutex);
         }
         const timespec until = time_after(milliseconds);
-        return pthread_mutex_timedlock(&m_mutex, &until);
+        return pthread_mutex_timedlock(&m_state.mutex, &until);
     }
 
-    pthread_mutex_t& m_mutex;
+    shared_state& m_state;
 };
 
 class posix_process_mutexes final : public process_mutexes {
@@ -159,7 +176,7 @@ public:
             if (state == nullptr) {
                 state = map_object(object_name(name));
             }
-            return state != nullptr ? std::make_unique<posix_process_mutex>(state->mutex) : nullptr;
+            return state != nullptr ? std::make_unique<posix_process_mutex>(*state) : nullptr;
         } catch (const std::bad_alloc&) {
             return nullptr;
         }
