@@ -33,13 +33,16 @@ class Screen:
 
     # Reading
 
-    def windows(self):
-        """The visible windows of the newest description; none before the first."""
+    def _newest(self):
         try:
             with open(self._description, encoding="utf-8") as file:
-                return [one for one in json.load(file)["windows"] if one["visible"]]
+                return json.load(file)
         except FileNotFoundError:
-            return []
+            return {"count": 0, "windows": []}
+
+    def windows(self):
+        """The visible windows of the newest description; none before the first."""
+        return [one for one in self._newest()["windows"] if one["visible"]]
 
     def find(self, **wanted):
         """The visible windows whose properties are as wanted."""
@@ -73,15 +76,18 @@ class Screen:
         )
 
     def control(self, item, kind):
-        """An enabled control by dialog item and window class that has come to rest."""
-        last = []
+        """An enabled control by dialog item and window class, at the same place in two descriptions."""
+        last = {"count": 0, "rect": None}
 
         def resting():
-            found = self.find(id=item, **{"class": kind}, enabled=True)
-            place = [one["rect"] for one in found]
-            still = bool(found) and place == last
-            last[:] = place
-            return found[0] if still and len(found) == 1 else None
+            newest = self._newest()
+            found = [one for one in newest["windows"]
+                     if one["visible"] and one["enabled"] and one["id"] == item and one["class"] == kind]
+            if len(found) != 1 or newest["count"] == last["count"]:
+                return None
+            still = found[0]["rect"] == last["rect"]
+            last.update(count=newest["count"], rect=found[0]["rect"])
+            return found[0] if still else None
 
         return self.wait(f"{kind} {item}", resting)
 

@@ -8,7 +8,7 @@ namespace host {
 
 HRESULT manual_trading::SetAccount(BSTR sAccount) noexcept {
     return guarded([&] {
-        m_session->account = to_utf8(sAccount);
+        m_session->account = bstr_text(sAccount);
         return S_OK;
     });
 }
@@ -60,12 +60,12 @@ HRESULT manual_trading::SetSymbol(SManualSymbol* pSymbol, BSTR sDataFeed) noexce
         if (pSymbol == nullptr) {
             return E_POINTER;
         }
-        const std::string name = to_utf8(pSymbol->Name);
+        const std::string name = bstr_text(pSymbol->Name);
         const instrument* found = find_instrument(name);
         m_session->instrument_id = found == nullptr ? 0 : found->id;
         m_desk.on_event(
             m_session->name + ": " +
-            (name.empty() ? std::string("no symbol") : "symbol " + name + ", feed " + to_utf8(sDataFeed)));
+            (name.empty() ? std::string("no symbol") : "symbol " + name + ", feed " + bstr_text(sDataFeed)));
         m_session->on_symbol();
         return found == nullptr && !name.empty() ? E_INVALIDARG : S_OK;
     });

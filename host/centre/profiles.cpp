@@ -78,11 +78,11 @@ HRESULT profiles::get_AvailablePlugins(SAFEARRAY** ppNames) noexcept {
 
 HRESULT profiles::Add(BSTR sPluginName, BSTR sProfileName) noexcept {
     return guarded([&] {
-        const std::string plugin = to_utf8(sPluginName);
+        const std::string plugin = bstr_text(sPluginName);
         if (std::ranges::find(plugins(), plugin) == plugins().end()) {
             return E_INVALIDARG;
         }
-        const std::string name = to_utf8(sProfileName);
+        const std::string name = bstr_text(sProfileName);
         append(new_session(plugin, name.empty() ? plugin : name));
         tell(eTM_CTOE_Added, m_items.back().get());
         return S_OK;

@@ -20,7 +20,7 @@ std::string to_utf8(std::wstring_view text) {
     return narrow;
 }
 
-std::string to_utf8(BSTR text) {
+std::string bstr_text(BSTR text) {
     return to_utf8(std::wstring_view(text, SysStringLen(text)));
 }
 

@@ -11,8 +11,9 @@ namespace host {
 std::wstring to_wide(std::string_view text);
 std::string to_utf8(std::wstring_view text);
 
-// A null BSTR is an empty text.
-std::string to_utf8(BSTR text);
+// By its own length; a null BSTR is an empty text. Not an overload of the above: a BSTR looks like any
+// pointer to characters.
+std::string bstr_text(BSTR text);
 
 // A new BSTR that becomes the caller's. Throws std::bad_alloc.
 BSTR to_bstr(std::string_view text);

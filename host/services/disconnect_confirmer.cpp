@@ -29,7 +29,7 @@ HRESULT disconnect_confirmer::Confirm(LONG hOwner, ITC_TradingProfile* pProfile)
         BSTR raw = nullptr;
         _com_util::CheckError(pProfile->get_Name(&raw));
         const _bstr_t owned(raw, false);
-        const std::string name = to_utf8(raw);
+        const std::string name = bstr_text(raw);
         const std::vector<order> live = m_desk.live_orders(name);
         // Window handles fit 32 bits and are sign-extended back.
         const HWND owner = reinterpret_cast<HWND>(static_cast<LONG_PTR>(hOwner));

@@ -45,7 +45,7 @@ HRESULT lookup_service::GetSymbolInfo(BSTR sName, LONG dwFlags, OD_SSymbolInfo*,
             return E_INVALIDARG;
         }
         const LONG mode = dwFlags & mode_bits;
-        const instrument* named = mode == dialog_only ? nullptr : find_instrument(to_utf8(sName));
+        const instrument* named = mode == dialog_only ? nullptr : find_instrument(bstr_text(sName));
         if (named != nullptr || mode == name_only) {
             return answer(named, pVal, pRes, eODLR_NotFound);
         }
@@ -69,7 +69,7 @@ HRESULT lookup_service::GetSymbolInfoByReq(OD_SSymbolReq* pReq, OD_SSymbolInfo* 
         if (pReq == nullptr || pVal == nullptr || pRes == nullptr) {
             return E_INVALIDARG;
         }
-        return answer(find_instrument(to_utf8(pReq->Name)), pVal, pRes, eODLR_NotFound);
+        return answer(find_instrument(bstr_text(pReq->Name)), pVal, pRes, eODLR_NotFound);
     });
 }
 
@@ -78,7 +78,7 @@ HRESULT lookup_service::IsPluginSupported(BSTR sName, VARIANT_BOOL* pRes) noexce
         if (pRes == nullptr) {
             return E_INVALIDARG;
         }
-        const bool known = std::ranges::find(plugins(), to_utf8(sName)) != plugins().end();
+        const bool known = std::ranges::find(plugins(), bstr_text(sName)) != plugins().end();
         *pRes = known ? VARIANT_TRUE : VARIANT_FALSE;
         return S_OK;
     });

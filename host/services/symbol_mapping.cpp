@@ -7,7 +7,7 @@ namespace host {
 
 HRESULT symbol_mapping_service::ShowDialog(ULONGLONG hOwner, BSTR sProfileName) noexcept {
     return guarded([&] {
-        std::string text = "Symbols of " + to_utf8(sProfileName) + " come from ";
+        std::string text = "Symbols of " + bstr_text(sProfileName) + " come from ";
         text += data_feed;
         text += " under the same names:\n";
         for (const instrument& one : instruments()) {

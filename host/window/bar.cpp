@@ -13,10 +13,10 @@ constexpr WPARAM fill_now = 1;
 
 // The order row and the tab strip above it, in dialog units.
 constexpr int row_units = 34;
-constexpr int strip_units = 17;
+constexpr int strip_units = 14;
 
 std::string take(BSTR text) {
-    std::string copy = to_utf8(text);
+    std::string copy = bstr_text(text);
     SysFreeString(text);
     return copy;
 }

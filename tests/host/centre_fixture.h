@@ -70,7 +70,7 @@ private:
 
 // Takes a text that an operation gave.
 inline std::string take(BSTR text) {
-    std::string copy = to_utf8(text);
+    std::string copy = bstr_text(text);
     SysFreeString(text);
     return copy;
 }

@@ -104,12 +104,12 @@ protected:
 TEST_F(HostLookup, ANameGivesTheWholeRecordWithoutRegardToCase) {
     ASSERT_EQ(m_lookup->GetSymbolInfo(bstr("zbz6"), 0, nullptr, &m_record, &m_result), S_OK);
     EXPECT_EQ(m_result, eODLR_Selected);
-    EXPECT_EQ(to_utf8(m_record.Name), "ZBZ6");
-    EXPECT_EQ(to_utf8(m_record.DataFeed), "OrderDeck Quotes");
-    EXPECT_EQ(to_utf8(m_record.Root), "ZB");
-    EXPECT_EQ(to_utf8(m_record.Description), "30-Year T-Bond Dec 26");
-    EXPECT_EQ(to_utf8(m_record.Exchange), "CBOT");
-    EXPECT_EQ(to_utf8(m_record.ExchangeTZI), "America/Chicago");
+    EXPECT_EQ(bstr_text(m_record.Name), "ZBZ6");
+    EXPECT_EQ(bstr_text(m_record.DataFeed), "OrderDeck Quotes");
+    EXPECT_EQ(bstr_text(m_record.Root), "ZB");
+    EXPECT_EQ(bstr_text(m_record.Description), "30-Year T-Bond Dec 26");
+    EXPECT_EQ(bstr_text(m_record.Exchange), "CBOT");
+    EXPECT_EQ(bstr_text(m_record.ExchangeTZI), "America/Chicago");
     EXPECT_EQ(m_record.id, 8);
     EXPECT_EQ(m_record.Category, 1);
     EXPECT_EQ(m_record.Currency, 1);
@@ -139,7 +139,7 @@ TEST_F(HostLookup, AnUnknownNameEndsInNothingOrInTheMenu) {
 TEST_F(HostLookup, IdsAndRequestsAreExact) {
     EXPECT_EQ(m_lookup->GetSymbolInfoById(3, &m_record, &m_result), S_OK);
     EXPECT_EQ(m_result, eODLR_Selected);
-    EXPECT_EQ(to_utf8(m_record.Name), "MSFT");
+    EXPECT_EQ(bstr_text(m_record.Name), "MSFT");
     clear_symbol(m_record);
     EXPECT_EQ(m_lookup->GetSymbolInfoById(99, &m_record, &m_result), S_OK);
     EXPECT_EQ(m_result, eODLR_NotFound);
