@@ -1,0 +1,52 @@
+#pragma once
+
+#include <mutex>
+#include <vector>
+
+#include "platform/com_ptr.h"
+#include "platform/text.h"
+
+namespace OV_OrderDeck {
+
+// {982cccaa-cfd2-4374-b806-e4915078b52d}
+inline constexpr GUID LIBID_OrderDeckLib = {
+    0x982cccaa, 0xcfd2, 0x4374, {0xb8, 0x06, 0xe4, 0x91, 0x50, 0x78, 0xb5, 0x2d}};
+
+// One class that the module serves.
+struct object_map_entry {
+    CLSID clsid;
+    // The friendly name of the registration and the ProgID without its version.
+    const wchar_t* friendly_name;
+    const wchar_t* progid;
+    com_ptr<IClassFactory> (*make_factory)();
+    // Made on first demand and kept.
+    com_ptr<IClassFactory> factory;
+};
+
+// The module: its handle, the classes that it serves, and its registration. Any thread.
+class COrderDeckModule {
+public:
+    COrderDeckModule();
+    // Lets go of the kept factories, unless the process is ending: then the threads that their objects
+    // need are gone.
+    ~COrderDeckModule();
+
+    BOOL Attach(HINSTANCE instance);
+    HRESULT GetClassObject(REFCLSID clsid, REFIID iid, void** out);
+    HRESULT RegisterServer();
+    HRESULT UnregisterServer();
+
+private:
+    HRESULT _register_classes(bool bRegister) const;
+    HRESULT _run_script(UINT id, bool bRegister, const object_map_entry* entry) const;
+    CString _file_name() const;
+    CString _resource_text(UINT id) const;
+
+    HINSTANCE m_instance = nullptr;
+    std::mutex m_mutex;
+    std::vector<object_map_entry> m_objects;
+};
+
+extern COrderDeckModule _Module;
+
+}  // namespace OV_OrderDeck
