@@ -230,13 +230,6 @@ TEST_F(tab_symbol, a_record_that_counts_as_the_same_is_dropped) {
     EXPECT_EQ(L"90", text(eODUE_FirstPrice));
 }
 
-TEST_F(tab_symbol, the_association_of_plug_ins_is_not_rebuilt_for_each_notice) {
-    make_ready_tab();
-    put_symbol(L"NQZ6");
-    EXPECT_EQ(0, host.count("get_PluginName"));
-    EXPECT_EQ(L"CQG", last_notice().data_feed);
-}
-
 TEST_F(tab_symbol, an_id_is_looked_up) {
     make_ready_tab();
     lookup->by_id[55] = instrument(L"NQZ6");
