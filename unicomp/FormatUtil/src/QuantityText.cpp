@@ -1,6 +1,6 @@
 // Quantities as the user reads them.
-#include "platform/resources.h"
 #include "unicomp/FormatUtil/interface/NumberFormat.h"
+#include "unicomp/Simples/interface/resource_string.h"
 
 namespace local_format {
 namespace {
@@ -12,12 +12,12 @@ constexpr LONG thousand = 1000;
 
 // Loaded on first use and kept for the life of the process.
 const CString& thousands_letter() {
-    static const CString text = platform::load_string(thousands_string).value_or(CString());
+    static const CString text = resource_string::text(thousands_string);
     return text;
 }
 
 const CString& millions_letter() {
-    static const CString text = platform::load_string(millions_string).value_or(CString());
+    static const CString text = resource_string::text(millions_string);
     return text;
 }
 
