@@ -187,50 +187,56 @@ void check_delete(LONG result) {
     check(result == ERROR_FILE_NOT_FOUND ? ERROR_SUCCESS : result);
 }
 
-void write(const CString& parent, const std::vector<script_key>& keys) {
+void write(HKEY root, const CString& parent, const std::vector<script_key>& keys) {
     for (const script_key& key : keys) {
-        const CString path = parent + L"\\" + key.name;
+        const CString path = parent.empty() ? key.name : parent + L"\\" + key.name;
         if (key.force_remove) {
-            check_delete(registry_key::DeleteTree(HKEY_CURRENT_USER, path));
+            check_delete(registry_key::DeleteTree(root, path));
         }
         registry_key handle;
-        check(handle.Create(HKEY_CURRENT_USER, path));
+        check(handle.Create(root, path));
         for (const script_value& value : key.values) {
             check(value.number ? handle.SetDWORD(value.name, *value.number)
                                : handle.SetString(value.name, value.text));
         }
-        write(path, key.keys);
+        write(root, path, key.keys);
     }
 }
 
-bool has_subkeys(const CString& path, bool or_values) {
+bool has_subkeys(HKEY root, const CString& path, bool or_values) {
     registry_key handle;
     DWORD subkeys = 0;
     DWORD values = 0;
-    if (handle.Open(HKEY_CURRENT_USER, path, KEY_READ) != ERROR_SUCCESS) {
+    if (handle.Open(root, path, KEY_READ) != ERROR_SUCCESS) {
         return false;
     }
     check(handle.QueryInfo(subkeys, values));
     return subkeys != 0 || (or_values && values != 0);
 }
 
-void erase(const CString& parent, const std::vector<script_key>& keys) {
+void erase(HKEY root, const CString& parent, const std::vector<script_key>& keys) {
     for (const script_key& key : keys) {
-        const CString path = parent + L"\\" + key.name;
+        const CString path = parent.empty() ? key.name : parent + L"\\" + key.name;
         if (!key.force_remove) {
-            erase(path, key.keys);
-            if (has_subkeys(path, key.no_remove)) {
+            erase(root, path, key.keys);
+            if (has_subkeys(root, path, key.no_remove)) {
                 continue;
             }
         }
-        check_delete(registry_key::DeleteTree(HKEY_CURRENT_USER, path));
+        check_delete(registry_key::DeleteTree(root, path));
     }
 }
 
 template <class Action>
-HRESULT run(const CString& script, const std::map<CString, CString>& replacements, Action action) noexcept {
+HRESULT run(registrar::scope where, const CString& script, const std::map<CString, CString>& replacements,
+            Action action) noexcept {
     try {
-        action(ClassesOfUser, parser(script, replacements).parse());
+        const std::vector<script_key> keys = parser(script, replacements).parse();
+        if (where == registrar::scope::user) {
+            action(HKEY_CURRENT_USER, ClassesOfUser, keys);
+        } else {
+            action(HKEY_CLASSES_ROOT, CString(), keys);
+        }
         return S_OK;
     } catch (const _com_error& error) {
         return error.Error();
@@ -244,11 +250,11 @@ HRESULT run(const CString& script, const std::map<CString, CString>& replacement
 }  // namespace
 
 HRESULT registrar::Register(const CString& script) const noexcept {
-    return run(script, m_replacements, write);
+    return run(m_scope, script, m_replacements, write);
 }
 
 HRESULT registrar::Unregister(const CString& script) const noexcept {
-    return run(script, m_replacements, erase);
+    return run(m_scope, script, m_replacements, erase);
 }
 
 }  // namespace platform

@@ -28,9 +28,14 @@ namespace platform {
 // of the script that are left without subkeys, with ForceRemove the whole key; a NoRemove key goes only
 // when nothing at all is left in it.
 //
-// HKCR stands for the classes of the current user, so no rights are needed.
+// HKCR stands for the classes of the current user, for which no rights are needed, or for those of the
+// machine.
 class registrar {
 public:
+    enum class scope { user, machine };
+
+    explicit registrar(scope where = scope::user) : m_scope(where) {}
+
     void AddReplacement(const CString& name, const CString& value) { m_replacements[name] = value; }
 
     // DISP_E_EXCEPTION for a script that can't be read, with nothing changed; otherwise the failure of
@@ -39,6 +44,7 @@ public:
     HRESULT Unregister(const CString& script) const noexcept;
 
 private:
+    scope m_scope;
     std::map<CString, CString> m_replacements;
 };
 

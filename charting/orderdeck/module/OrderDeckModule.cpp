@@ -1,9 +1,10 @@
 #include "charting/orderdeck/module/OrderDeckModule.h"
 
+#include <algorithm>
+
 #include "charting/orderdeck/module/TypeLibraryRegistration.h"
 #include "charting/orderdeck/src/root/OrderDeckObj.h"
 #include "platform/class_factory.h"
-#include "platform/registrar.h"
 
 extern "C" BOOLEAN NTAPI RtlDllShutdownInProgress(void);
 
@@ -76,11 +77,13 @@ HRESULT COrderDeckModule::GetClassObject(REFCLSID clsid, REFIID iid, void** out)
     return CLASS_E_CLASSNOTAVAILABLE;
 }
 
+// For the user alone where the system sees the user's own classes. Where it looks at the machine's only,
+// the classes go there too.
 HRESULT COrderDeckModule::RegisterServer() {
     const registration_locale locale;
-    HRESULT hr = _run_script(idr_Module, true, nullptr);
-    if (SUCCEEDED(hr)) {
-        hr = _register_classes(true);
+    HRESULT hr = _register_for(scope::user);
+    if (SUCCEEDED(hr) && !_is_visible()) {
+        hr = _register_for(scope::machine);
     }
     if (SUCCEEDED(hr)) {
         hr = register_type_library(_file_name());
@@ -92,25 +95,44 @@ HRESULT COrderDeckModule::UnregisterServer() {
     const registration_locale locale;
     HRESULT hr = unregister_type_library(LIBID_OrderDeckLib);
     if (SUCCEEDED(hr)) {
-        hr = _register_classes(false);
+        hr = _unregister_for(scope::user);
     }
-    if (SUCCEEDED(hr)) {
-        hr = _run_script(idr_Module, false, nullptr);
+    if (SUCCEEDED(hr) && _is_visible()) {
+        hr = _unregister_for(scope::machine);
     }
     return hr;
 }
 
-HRESULT COrderDeckModule::_register_classes(bool bRegister) const {
+HRESULT COrderDeckModule::_register_for(scope where) const {
+    HRESULT hr = _run_script(where, idr_Module, true, nullptr);
     for (const object_map_entry& entry : m_objects) {
-        if (const HRESULT hr = _run_script(idr_Class, bRegister, &entry); FAILED(hr)) {
-            return hr;
+        if (SUCCEEDED(hr)) {
+            hr = _run_script(where, idr_Class, true, &entry);
         }
     }
-    return S_OK;
+    return hr;
 }
 
-HRESULT COrderDeckModule::_run_script(UINT id, bool bRegister, const object_map_entry* entry) const {
-    platform::registrar registrar;
+HRESULT COrderDeckModule::_unregister_for(scope where) const {
+    HRESULT hr = S_OK;
+    for (const object_map_entry& entry : m_objects) {
+        if (SUCCEEDED(hr)) {
+            hr = _run_script(where, idr_Class, false, &entry);
+        }
+    }
+    return SUCCEEDED(hr) ? _run_script(where, idr_Module, false, nullptr) : hr;
+}
+
+bool COrderDeckModule::_is_visible() const {
+    return std::all_of(m_objects.begin(), m_objects.end(), [](const object_map_entry& entry) {
+        platform::registry_key key;
+        return key.Open(HKEY_CLASSES_ROOT, L"CLSID\\" + guid_text(entry.clsid), KEY_READ) == ERROR_SUCCESS;
+    });
+}
+
+HRESULT COrderDeckModule::_run_script(scope where, UINT id, bool bRegister,
+                                      const object_map_entry* entry) const {
+    platform::registrar registrar(where);
     registrar.AddReplacement(L"APPID", guid_text(LIBID_OrderDeckLib));
     registrar.AddReplacement(L"MODULE", _file_name());
     if (entry != nullptr) {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/com_ptr.h"
+#include "platform/registrar.h"
 #include "platform/text.h"
 
 namespace OV_OrderDeck {
@@ -37,8 +38,13 @@ public:
     HRESULT UnregisterServer();
 
 private:
-    HRESULT _register_classes(bool bRegister) const;
-    HRESULT _run_script(UINT id, bool bRegister, const object_map_entry* entry) const;
+    using scope = platform::registrar::scope;
+
+    HRESULT _register_for(scope where) const;
+    HRESULT _unregister_for(scope where) const;
+    // Whether the system finds every class where it looks for classes.
+    bool _is_visible() const;
+    HRESULT _run_script(scope where, UINT id, bool bRegister, const object_map_entry* entry) const;
     CString _file_name() const;
     CString _resource_text(UINT id) const;
 

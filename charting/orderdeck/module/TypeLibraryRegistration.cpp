@@ -39,7 +39,13 @@ HRESULT unregister_type_library(REFGUID libid) {
     const HRESULT hr = for_user != nullptr
                            ? for_user(libid, MajorVersion, MinorVersion, LOCALE_NEUTRAL, SYS_WIN64)
                            : UnRegisterTypeLib(libid, MajorVersion, MinorVersion, LOCALE_NEUTRAL, SYS_WIN64);
-    return hr == TYPE_E_REGISTRYACCESS || hr == TYPE_E_LIBNOTREGISTERED ? S_OK : hr;
+    BSTR path = nullptr;
+    if (FAILED(hr) &&
+        FAILED(QueryPathOfRegTypeLib(libid, MajorVersion, MinorVersion, LOCALE_NEUTRAL, &path))) {
+        return S_OK;
+    }
+    SysFreeString(path);
+    return hr;
 }
 
 }  // namespace OV_OrderDeck
