@@ -29,14 +29,19 @@ void trace(const code_location& where, const CString& message) noexcept {
 
 void tracef(const code_location& where, const char* format, ...) noexcept {
     TracerClass tracer(where);
+    std::optional<CString> message;
     std::va_list arguments;
     va_start(arguments, format);
     try {
-        tracer.Message(formatted_text(format, arguments));
+        message = formatted_text(format, arguments);
     } catch (...) {
         // Out of memory: a report is lost, the program is not.
+        message.reset();
     }
     va_end(arguments);
+    if (message.has_value()) {
+        tracer.Message(*message);
+    }
 }
 
 void throw_error(const code_location& where, const char* text) {

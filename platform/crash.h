@@ -5,7 +5,8 @@
 
 #include "platform/com.h"
 
-struct _EXCEPTION_POINTERS;
+// The system's own name.
+struct _EXCEPTION_POINTERS;  // NOLINT(bugprone-reserved-identifier)
 
 namespace platform {
 

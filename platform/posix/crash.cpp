@@ -6,15 +6,15 @@
 #include <atomic>
 #include <mutex>
 
-struct _EXCEPTION_RECORD {
+struct exception_record {
     DWORD ExceptionCode;
     DWORD ExceptionFlags;
-    _EXCEPTION_RECORD* ExceptionRecord;
+    exception_record* ExceptionRecord;
     void* ExceptionAddress;
 };
 
-struct _EXCEPTION_POINTERS {
-    _EXCEPTION_RECORD* ExceptionRecord;
+struct _EXCEPTION_POINTERS {  // NOLINT(bugprone-reserved-identifier)
+    exception_record* ExceptionRecord;
     ucontext_t* ContextRecord;
 };
 
@@ -29,7 +29,7 @@ thread_local se_translator the_translator = nullptr;
 struct sigaction previous_actions[std::size(crash_signals)];
 
 exception_block block_of(_EXCEPTION_POINTERS& pointers) {
-    const _EXCEPTION_RECORD& record = *pointers.ExceptionRecord;
+    const exception_record& record = *pointers.ExceptionRecord;
     return {{record.ExceptionCode, record.ExceptionFlags, record.ExceptionAddress}, &pointers};
 }
 
@@ -53,7 +53,7 @@ void* place_of(const ucontext_t& context) {
 
 void on_signal(int signal, siginfo_t*, void* raw_context) {
     auto& context = *static_cast<ucontext_t*>(raw_context);
-    _EXCEPTION_RECORD record{code_of(signal), 0, nullptr, place_of(context)};
+    exception_record record{code_of(signal), 0, nullptr, place_of(context)};
     _EXCEPTION_POINTERS pointers{&record, &context};
     if (const unhandled_filter filter = the_filter.load()) {
         filter(&pointers);
@@ -85,14 +85,14 @@ void listen() {
 void with_context_of_this_thread(DWORD code, exception_block_user use, void* argument) noexcept {
     ucontext_t context{};
     getcontext(&context);
-    _EXCEPTION_RECORD record{code, 0, nullptr, place_of(context)};
+    exception_record record{code, 0, nullptr, place_of(context)};
     _EXCEPTION_POINTERS pointers{&record, &context};
     use(block_of(pointers), argument);
 }
 
 void with_copy_of(const _EXCEPTION_POINTERS* original, exception_block_user use, void* argument) noexcept {
     ucontext_t context = *original->ContextRecord;
-    _EXCEPTION_RECORD record = *original->ExceptionRecord;
+    exception_record record = *original->ExceptionRecord;
     _EXCEPTION_POINTERS pointers{&record, &context};
     use(block_of(pointers), argument);
 }

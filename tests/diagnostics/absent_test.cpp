@@ -137,7 +137,7 @@ CHILD_MAIN(looks_for_the_registered_library) {
     told_registry registry;
     registry.tell(HKEY_CLASSES_ROOT, class_key, REG_SZ,
                   library_path_of(std::stoul(arguments.at(0))) + CString(1, L'\0'));
-    std::cout << (Client::Get().IsClean() == S_OK ? "found" : "not found") << std::endl;
+    std::cout << (Client::Get().IsClean() == S_OK ? "found" : "not found") << '\n' << std::flush;
     return 0;
 }
 
@@ -160,7 +160,7 @@ CHILD_MAIN(looks_in_the_current_folder) {
     std::filesystem::current_path(std::filesystem::path(library_path()).parent_path());
     const bool there = std::filesystem::exists("BugSlayerUtil3.0_x64.dll");
     const bool found = BugSlayerUtil::find_debug_library() != nullptr;
-    std::cout << (there ? "there, " : "not there, ") << (found ? "found" : "not found") << std::endl;
+    std::cout << (there ? "there, " : "not there, ") << (found ? "found" : "not found") << '\n' << std::flush;
     return 0;
 }
 

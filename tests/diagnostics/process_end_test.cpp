@@ -23,7 +23,7 @@ diagnostics_recorder* current_recorder = nullptr;
 void print_step() {
     const debug_step step = current_recorder->steps().back();
     if (step.what != L"SET") {
-        std::cout << std::string(step.what.begin(), step.what.end()) << std::endl;
+        std::cout << std::string(step.what.begin(), step.what.end()) << '\n' << std::flush;
     }
 }
 
@@ -39,7 +39,7 @@ public:
 };
 
 LONG STDMETHODCALLTYPE last_filter(_EXCEPTION_POINTERS*) {
-    std::cout << "earlier filter" << std::endl;
+    std::cout << "earlier filter\n" << std::flush;
     platform::terminate_process(7);
 }
 
@@ -61,7 +61,7 @@ CHILD_MAIN(gets_an_answer_to_its_assertion) {
     platform::set_unhandled_filter(&last_filter);
     recorder.answer(L"PROCESS", static_cast<HRESULT>(std::stoll(arguments.at(0))));
     BS_ASSERT(false);
-    std::cout << "after" << std::endl;
+    std::cout << "after\n" << std::flush;
     return 0;
 }
 
@@ -88,7 +88,7 @@ TEST(ProcessEnd, DoesNotComeForAnotherAnswer) {
 CHILD_MAIN(is_terminated) {
     const printing_recorder recorder;
     BugSlayerUtil::Client::Get().Terminate();
-    std::cout << "after" << std::endl;
+    std::cout << "after\n" << std::flush;
     return 0;
 }
 
@@ -103,7 +103,7 @@ CHILD_MAIN(has_an_argument_refused) {
     recorder.answer(L"PROCESS", E_ABORT);
     BugSlayerUtil::install_crash_handlers();
     platform::set_invalid_parameter_handler(nullptr)(L"", L"", L"", 0, 0);
-    std::cout << "after" << std::endl;
+    std::cout << "after\n" << std::flush;
     return 0;
 }
 
@@ -116,7 +116,8 @@ TEST(ProcessEnd, HasTheCodeOfTheRefusedArgument) {
 LONG STDMETHODCALLTYPE printing_filter(_EXCEPTION_POINTERS* pointers) {
     for (const processed_record& record : current_recorder->records()) {
         std::cout << "type " << number_of(record, L"ExceptionType") << ", code " << std::hex
-                  << number_of(record, L"ErrorCode") << " and " << number_of(record, L"Code") << std::endl;
+                  << number_of(record, L"ErrorCode") << " and " << number_of(record, L"Code") << '\n'
+                  << std::flush;
     }
     return last_filter(pointers);
 }
@@ -133,7 +134,7 @@ CHILD_MAIN(crashes) {
     BugSlayerUtil::install_crash_handlers();
     BugSlayerUtil::install_crash_handlers();
     crash();
-    std::cout << "after" << std::endl;
+    std::cout << "after\n" << std::flush;
     return 0;
 }
 

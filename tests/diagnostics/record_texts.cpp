@@ -40,6 +40,7 @@ recorded_value value_of(const processed_record& record, const wchar_t* name) {
 
 std::vector<std::wstring> field_list(const processed_record& record) {
     std::vector<std::wstring> list;
+    list.reserve(record.fields.size());
     for (const recorded_field& field : record.fields) {
         list.push_back(field.name + L" " + type_name(field.value.type));
     }

@@ -169,6 +169,7 @@ TEST_F(Trace, IsBuiltOnTheReportingThread) {
 
 TEST_F(Trace, OfManyThreadsAtOnceLosesNothing) {
     std::vector<std::thread> threads;
+    threads.reserve(8);
     for (int i = 0; i < 8; ++i) {
         threads.emplace_back([] {
             for (int turn = 0; turn < 50; ++turn) {
