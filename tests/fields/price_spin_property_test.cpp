@@ -41,11 +41,11 @@ protected:
     Number whole_between(Number low, Number high) {
         return std::uniform_int_distribution<Number>(low, high)(m_random);
     }
-    // Whole movements and quarters of one, none with a tick above the highest price.
+    // Whole movements and quarters of one; two ticks at least fit below the highest price.
     double movement_of(const code_step& code) {
         const double movement =
             static_cast<double>(whole_between(1, 400)) / (whole_between(0, 1) == 0 ? 1 : 4);
-        return std::min(movement, highest * code.denominator / code.numerator);
+        return std::min(movement, highest * code.denominator / code.numerator / 2.0);
     }
     // Does something with the tick of every code under several movements.
     template <class Action>
@@ -79,9 +79,8 @@ protected:
     }
     void expect_spun(std::int64_t ticks, double part, double tick) {
         const double price = static_cast<double>(exact((exact(ticks) + exact(part)) * exact(tick)));
-        if (price < tick || price > highest) {
-            return;
-        }
+        ASSERT_GE(price, tick);
+        ASSERT_LE(price, highest);
         const LONG steps = random_steps();
         first()._set_value(price);
         spin(first(), steps);
@@ -90,7 +89,10 @@ protected:
             << ticks << " and " << part << " ticks, " << steps << " steps";
         EXPECT_FALSE(first().IsEmpty());
     }
-    std::int64_t highest_ticks(double tick) const { return static_cast<std::int64_t>(highest / tick); }
+    // The most ticks that do not exceed the highest price.
+    static std::int64_t highest_ticks(double tick) {
+        return static_cast<std::int64_t>(floor(exact(exact(highest) / exact(tick))));
+    }
 
 private:
     std::mt19937_64 m_random{20261120};
@@ -110,7 +112,7 @@ TEST_F(price_arithmetic, on_the_grid_each_step_is_one_tick) {
 TEST_F(price_arithmetic, off_the_grid_the_nearest_tick_comes_first) {
     with_each_tick([&](double tick) {
         for (int i = 0; i < 12; ++i) {
-            const std::int64_t ticks = whole_between<std::int64_t>(1, highest_ticks(tick));
+            const std::int64_t ticks = whole_between<std::int64_t>(1, highest_ticks(tick) - 1);
             expect_spun(ticks, between(0.05, 0.45), tick);
             expect_spun(ticks, between(0.55, 0.95), tick);
         }
@@ -123,18 +125,14 @@ TEST_F(price_arithmetic, half_a_tick_goes_down_wherever_it_is_exact) {
         double tick = 0.0;
         first().get_ValueRange(&tick, nullptr);
         for (int i = 0; i < 12; ++i) {
-            expect_spun(whole_between<std::int64_t>(1, highest_ticks(tick)), 0.5, tick);
+            expect_spun(whole_between<std::int64_t>(1, highest_ticks(tick) - 1), 0.5, tick);
         }
     }
 }
 
 TEST_F(price_arithmetic, there_and_back_ends_on_the_same_tick) {
     with_each_tick([&](double tick) {
-        const std::int64_t last = highest_ticks(tick);
-        if (last < 3) {
-            return;
-        }
-        const std::int64_t ticks = whole_between<std::int64_t>(2, last - 1);
+        const std::int64_t ticks = whole_between<std::int64_t>(1, highest_ticks(tick) - 1);
         first()._set_value(static_cast<double>(exact(exact(ticks) * exact(tick))));
         const double before = first().get_Price();
         spin(first(), 1);
