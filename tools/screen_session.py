@@ -99,9 +99,47 @@ def fill_in(screen, order):
         screen.type_over(LIMIT, order["limit"][0])
 
 
+def tab_image(screen, name):
+    """The mark on a tab: 0 disconnected, 1 connected, 2 in between."""
+    for strip in screen.find(**{"class": "SysTabControl32"}):
+        for item in strip["items"]:
+            if item["text"] == name:
+                return item["image"]
+    return None
+
+
+def connect_by_menu(screen, name):
+    """The profile menu is the bar's own list of commands, in the host's menu bar."""
+    screen.key("alt+t")
+
+    def line():
+        for menu in screen.find(**{"class": "#32768"}):
+            for item in menu["items"]:
+                if item["text"].endswith(" " + name) and item["enabled"]:
+                    return item
+        return None
+
+    item = screen.wait(f"a menu line for {name!r}", line)
+    screen.picture("profile-menu")
+    screen.click(item["rect"])
+    screen.wait(f"{name!r} connecting", lambda: tab_image(screen, name) == 2)
+    screen.picture("connecting")
+    screen.wait(f"{name!r} connected", lambda: tab_image(screen, name) == 1)
+
+
+def cancel_newest(screen):
+    rows = screen.find(id=BLOTTER)[0]["rows"]
+    screen.click(rows[0]["rect"], 0.1)
+    screen.wait("the newest order selected", lambda: screen.find(id=BLOTTER, selected=0, focus=True))
+    screen.key("Delete")
+    screen.wait("it is cancelled", lambda: "Cancelled" in screen.find(id=BLOTTER)[0]["rows"][0]["texts"])
+    screen.picture("cancelled")
+
+
 def play(screen):
     select_tab(screen, "Paper")
     screen.picture("start")
+    connect_by_menu(screen, "Paper Remote")
     for number, order in enumerate(ORDERS, 1):
         name = order["type"].replace(" ", "-")
         fill_in(screen, order)
@@ -111,6 +149,7 @@ def play(screen):
         screen.wait(f"order {number} in the blotter",
                     lambda: [one for one in screen.find(id=BLOTTER) if len(one["rows"]) >= number])
         screen.picture(f"{name}-sent")
+    cancel_newest(screen)
     close(screen)
 
 

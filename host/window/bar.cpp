@@ -21,8 +21,10 @@ std::string take(BSTR text) {
     return copy;
 }
 
-bool flag(HRESULT hr, VARIANT_BOOL value) {
-    return SUCCEEDED(hr) && value != VARIANT_FALSE;
+// False also when the operation failed.
+bool flag(IOD_ProfileCmd& command, HRESULT (STDMETHODCALLTYPE IOD_ProfileCmd::*operation)(VARIANT_BOOL*)) {
+    VARIANT_BOOL value = VARIANT_FALSE;
+    return SUCCEEDED((command.*operation)(&value)) && value != VARIANT_FALSE;
 }
 
 bar_command read_command(IUnknown* item) {
@@ -35,10 +37,8 @@ bar_command read_command(IUnknown* item) {
     if (SUCCEEDED(line.command->get_Name(&name))) {
         line.name = take(name);
     }
-    VARIANT_BOOL value = VARIANT_FALSE;
-    line.enabled = flag(line.command->get_Enabled(&value), value);
-    value = VARIANT_FALSE;
-    line.checked = flag(line.command->get_Checked(&value), value);
+    line.enabled = flag(*line.command, &IOD_ProfileCmd::get_Enabled);
+    line.checked = flag(*line.command, &IOD_ProfileCmd::get_Checked);
     return line;
 }
 

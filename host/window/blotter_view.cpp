@@ -40,18 +40,18 @@ blotter_view::blotter_view(HWND parent, int id)
     : m_list(parent, id,
              {{"Time", 56},
               {"Profile", 80},
-              {"Account", 76},
-              {"Symbol", 70},
+              {"Account", 74},
+              {"Symbol", 66},
               {"Side", 36},
               {"Type", 60},
               {"Qty", 40, true},
-              {"Stop", 66, true},
-              {"Limit", 66, true},
+              {"Stop", 62, true},
+              {"Limit", 62, true},
               {"TIF", 38},
-              {"Date", 70},
-              {"Status", 72},
-              {"Filled", 96},
-              {"Reason", 160}}) {}
+              {"Date", 68},
+              {"Status", 68},
+              {"Filled", 80},
+              {"Reason", 82}}) {}
 
 void blotter_view::update(const order& one) {
     int index = m_list.row_of(one.id);

@@ -149,12 +149,16 @@ void frame::lock(bool locked) {
 }
 
 bool frame::translate(MSG& message) {
+    // The accelerators first: a dialog uses up every key that it is given.
+    if (TranslateAcceleratorW(m_window, m_accelerators, &message) != 0) {
+        return true;
+    }
     for (const HWND dialog : m_dialogs) {
-        if ((message.hwnd == dialog || IsChild(dialog, message.hwnd)) && IsDialogMessageW(dialog, &message)) {
-            return true;
+        if (message.hwnd == dialog || IsChild(dialog, message.hwnd)) {
+            return IsDialogMessageW(dialog, &message) != FALSE;
         }
     }
-    return TranslateAcceleratorW(m_window, m_accelerators, &message) != 0;
+    return false;
 }
 
 void frame::next_pane() {

@@ -61,7 +61,7 @@ public:
     // Greys the menus while a modal action of the bar runs.
     void lock(bool locked);
 
-    // Gives a message of the loop to the bar's dialog keys and to the accelerators first. True when it
+    // Gives a message of the loop to the accelerators and to the bar's dialog keys first. True when it
     // was used up.
     bool translate(MSG& message);
 
