@@ -51,7 +51,7 @@ blotter_view::blotter_view(HWND parent, int id)
               {"Date", 68},
               {"Status", 68},
               {"Filled", 80},
-              {"Reason", 82}}) {}
+              {"Reason", 98}}) {}
 
 void blotter_view::update(const order& one) {
     int index = m_list.row_of(one.id);

@@ -103,7 +103,7 @@ void frame::arrange() {
     SendMessageW(m_status, SB_SETPARTS, parts.size(), reinterpret_cast<LPARAM>(parts.data()));
 
     const frame_layout places = lay_out({client.right, client.bottom, status.bottom - status.top,
-                                         m_bar_height, scaled(6), scaled(22), scaled(520)});
+                                         m_bar_height, scaled(6), scaled(22), scaled(504)});
     move(GetDlgItem(m_window, IDC_INSTRUMENTS_TITLE), places.instruments_title);
     move(m_instruments->handle(), places.instruments);
     move(GetDlgItem(m_window, IDC_BLOTTER_TITLE), places.blotter_title);
