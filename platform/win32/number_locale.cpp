@@ -26,14 +26,18 @@ UINT locale_number(LCTYPE type) {
     return text.empty() ? 0 : static_cast<UINT>(std::wcstoul(text.c_str(), nullptr, 10));
 }
 
-// Some systems write three exponent digits where two are enough.
-void shorten_exponent(CString& text) {
+// In exponent form some systems write three exponent digits where two are enough, and a "." in any locale.
+void mend_exponent_form(CString& text) {
     const std::size_t exponent = text.find(L'E');
     if (exponent == CString::npos || !is_digit(text.back())) {
         return;
     }
     while (text.size() - exponent > 4 && text[exponent + 2] == L'0') {
         text.erase(exponent + 2, 1);
+    }
+    const std::size_t point = text.find(L'.');
+    if (point != CString::npos) {
+        text.replace(point, 1, locale_text(LOCALE_SDECIMAL));
     }
 }
 
@@ -104,7 +108,7 @@ public:
         _variant_t variant(value == 0.0 ? 0.0 : value);
         variant.ChangeType(VT_BSTR);
         CString result = text_of(variant.bstrVal);
-        shorten_exponent(result);
+        mend_exponent_form(result);
         return result;
     }
 

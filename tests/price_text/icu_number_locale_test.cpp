@@ -43,6 +43,11 @@ TEST(IcuLocale, WritesAndReadsWithItsSeparators) {
     EXPECT_EQ(german.text_to_double(L"1.5"), 15.0);
 }
 
+TEST(IcuLocale, ASecondDecimalSeparatorIsNoNumber) {
+    EXPECT_EQ(icu_number_locale("en_US").text_to_double(L"1.2.3"), std::nullopt);
+    EXPECT_EQ(icu_number_locale("de_DE").text_to_double(L"1,2,3"), std::nullopt);
+}
+
 TEST(IcuLocale, AnExponentOfAnyLengthIsOutOfRangeOrZero) {
     icu_number_locale english("en_US");
     EXPECT_EQ(english.text_to_double(L"1e999999999999999999999"), std::nullopt);

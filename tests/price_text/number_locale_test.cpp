@@ -206,13 +206,11 @@ TEST(NumberLocale, ReadsNumbersOfTheUsersLocale) {
 }
 
 TEST(NumberLocale, RefusesWhatIsNoNumber) {
-    for (const wchar_t* text :
-         {L"",    L" ",  L"-",   L"+",   L"()",  L"(1",     L"--1", L"1 000 1", L"abc",   L"1e",
-          L"1e+", L"e5", L"nan", L"inf", L"1/2", L"\u0663", L"1d3", L"0x10",    L"1e400", L"-1e400"}) {
+    for (const wchar_t* text : {L"", L" ", L"-", L"+", L"()", L"(1", L"--1", L"abc", L"1e", L"1e+", L"e5",
+                                L"nan", L"inf", L"1/2", L"\u0663", L"1d3", L"0x10", L"1e400", L"-1e400"}) {
         EXPECT_EQ(system_locale().text_to_double(text), std::nullopt) << CString(text).size() << text;
     }
     EXPECT_EQ(system_locale().text_to_double(decimal_separator()), std::nullopt);
-    EXPECT_EQ(system_locale().text_to_double(local(L"1.2.3")), std::nullopt);
     EXPECT_EQ(system_locale().text_to_double(CString(100000, L'1')), std::nullopt);
     EXPECT_EQ(system_locale().text_to_double(CString(100000, L'x')), std::nullopt);
 }
