@@ -4,45 +4,14 @@
 
 #include <cstddef>
 #include <limits>
-#include <memory>
 
 #include "tests/support/diagnostics_recorder.h"
+#include "tests/tab/trade_info_sample.h"
 
 namespace OV_OrderDeck {
 namespace {
 
 constexpr double largest = std::numeric_limits<double>::max();
-
-// A record with a value of its own in every field.
-void fill(OD_SSymbolInfo& info) {
-    info.id = 77;
-    info.DataFeed = SysAllocString(L"Feed");
-    info.Name = SysAllocString(L"ESZ6");
-    info.Root = SysAllocString(L"ES");
-    info.Description = SysAllocString(L"E-mini 指數");
-    info.Exchange = SysAllocString(L"CME");
-    info.ExchangeTZI = SysAllocString(L"Central");
-    info.Category = 3;
-    info.Currency = 12;
-    info.Expiry = 42000.5;
-    info.PriceScaleCode = 'g';
-    info.MinMovement = 2.0;
-    info.BigPointValue = 50.0;
-    info.PutOrCall = VARIANT_TRUE;
-    info.StrikePrice = 2100.25;
-}
-
-CSymbolInfo taken_from(const OD_SSymbolInfo& info) {
-    CSymbolInfo result;
-    result = info;
-    return result;
-}
-
-CSymbolInfo sample() {
-    symbol_info_holder info;
-    fill(info);
-    return taken_from(info);
-}
 
 TEST(OD_SSymbolInfo, has_its_size_and_offsets) {
     EXPECT_EQ(112u, sizeof(OD_SSymbolInfo));
@@ -334,69 +303,6 @@ TEST(CSymbolInfo, check_reports_an_invalid_record_only) {
     const auto seen = recorder.assertions();
     ASSERT_EQ(1u, seen.size());
     EXPECT_EQ(L"valid()", seen[0].description);
-}
-
-TEST(CSymbolInfo_equality, counts_validity_name_category_feed_and_exchange) {
-    const CSymbolInfo record = sample();
-    EXPECT_TRUE(record == sample());
-    CSymbolInfo other = record;
-    other.m_bValid = false;
-    EXPECT_FALSE(record == other);
-    other = record;
-    other.Name = L"ESZ7";
-    EXPECT_FALSE(record == other);
-    other = record;
-    other.Category = 4;
-    EXPECT_FALSE(record == other);
-    other = record;
-    other.DataFeed = L"Other";
-    EXPECT_FALSE(record == other);
-    other = record;
-    other.Exchange = L"CBOT";
-    EXPECT_FALSE(record == other);
-}
-
-TEST(CSymbolInfo_equality, counts_nothing_else) {
-    const CSymbolInfo record = sample();
-    CSymbolInfo other = record;
-    other.id = 1;
-    other.Root = L"x";
-    other.Description = L"x";
-    other.ExchangeTZI = L"x";
-    other.Expiry.m_ticks = 0;
-    other.PriceScaleCode = 2;
-    other.MinMovement = 5.0;
-    other.BigPointValue = 1.0;
-    other.PutOrCall = 0;
-    other.StrikePrice = 1.0;
-    other.Currency = 1;
-    EXPECT_TRUE(record == other);
-}
-
-TEST(CSymbolInfo_equality, is_by_code_unit_with_case) {
-    CSymbolInfo left = sample();
-    CSymbolInfo right = left;
-    right.Name = L"esz6";
-    EXPECT_FALSE(left == right);
-    left.Name = L"\u00e9";
-    right.Name = L"e\u0301";
-    EXPECT_FALSE(left == right);
-    right.Name = L"\u00e9";
-    EXPECT_TRUE(left == right);
-}
-
-TEST(CSymbolInfo_equality, takes_a_null_text_for_an_empty_one) {
-    CSymbolInfo left = sample();
-    CSymbolInfo right = left;
-    left.DataFeed = _bstr_t();
-    right.DataFeed = L"";
-    EXPECT_TRUE(left == right);
-    EXPECT_TRUE(right == left);
-    left.Name = _bstr_t();
-    right.Name = L"";
-    left.Exchange = L"";
-    right.Exchange = _bstr_t();
-    EXPECT_TRUE(left == right);
 }
 
 }  // namespace
