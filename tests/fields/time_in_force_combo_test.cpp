@@ -68,7 +68,7 @@ TEST_F(time_in_force_field, a_code_told_twice_is_one_item) {
 
 TEST_F(time_in_force_field, codes_told_twice_count_twice_against_the_selection) {
     select_2_of_3();
-    update_from({2, 2, 1});
+    update_from({1, 1, 2});
     EXPECT_EQ(2, time_in_force().get_SelectedItem(nullptr));
     update_from({1, 2});
     EXPECT_EQ(1, time_in_force().get_SelectedItem(nullptr));

@@ -110,6 +110,8 @@ TEST_F(usable_fields, hidden_fields_are_not_usable) {
 TEST_F(usable_fields, without_quotes_the_ask_bid_field_is_not_usable) {
     make_tab_in(eTM_CC_Connected, true);
     EXPECT_EQ(always_shown, usable());
+    put_all(true);
+    EXPECT_EQ(always_shown, usable());
 }
 
 TEST_F(usable_fields, follow_each_change_of_the_connection_at_once) {
