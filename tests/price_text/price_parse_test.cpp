@@ -73,6 +73,10 @@ TEST(PriceParse, BlanksAroundThePiecesDoNotMatter) {
 TEST(PriceParse, TheNumeratorBeginsAtTheFirstBlank) {
     const number_locale_scope scope(english());
     EXPECT_EQ(parsed(L"1 2 3/4"), std::nullopt);
+    {
+        const number_locale_scope blank_groups(conventions_of(L",", L" ", L"3;0"));
+        EXPECT_EQ(parsed(L"1 000 1/2"), std::nullopt);
+    }
     // Only a blank parts the two: a tab or a no-break space is no digit of the numerator.
     EXPECT_EQ(parsed(L"1\t1/2"), std::nullopt);
     EXPECT_EQ(parsed(L"1\u00A01/2"), std::nullopt);

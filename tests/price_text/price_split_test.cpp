@@ -25,6 +25,12 @@ TEST(SplitPrice, CutsAShownFraction) {
     EXPECT_EQ(split(L""), (parts{L"", L"", L"", L"", L""}));
 }
 
+TEST(SplitPrice, CutsAtTheFirstBarAndTheFirstBlank) {
+    const number_locale_scope scope(english());
+    EXPECT_EQ(split(L"1/2/3"), (parts{L"", L"1", L"2/3", L"", L""}));
+    EXPECT_EQ(split(L"1 2 3/4"), (parts{L"1", L"2 3", L"4", L"", L""}));
+}
+
 TEST(SplitPrice, PrefixAndSuffixAreThoseOfTheNegativeForm) {
     const struct {
         const wchar_t* prefix;
