@@ -10,8 +10,8 @@ inline constexpr DWORD not_advised = 0xFFFFFFFF;
 // Ends a subscription: gives the cookie back, marks it as not advised and releases the point. Gives the
 // result of the point, S_OK when there was nothing to end.
 inline HRESULT unadvise(com_ptr<IConnectionPoint>& point, DWORD& cookie) {
-    const com_ptr<IConnectionPoint> old = std::move(point);
-    point.reset();
+    com_ptr<IConnectionPoint> old;
+    old.swap(point);
     const DWORD old_cookie = std::exchange(cookie, not_advised);
     return old ? old->Unadvise(old_cookie) : S_OK;
 }
