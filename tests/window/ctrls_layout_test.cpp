@@ -160,6 +160,17 @@ TEST_F(CtrlsLayout, AHiddenFieldVanishesAtOnceAndComesBackOnlyAtTheEnd) {
     EXPECT_TRUE(visible(213));
 }
 
+TEST_F(CtrlsLayout, ThePanelIsDrawnAnewWhenEverythingIsInItsPlace) {
+    put(eODUE_FirstPrice, true, false);
+    panel.visible_at_repaint.clear();
+    put(eODUE_FirstPrice, false, true);
+    layout.OnTimer(&layout);
+    EXPECT_TRUE(panel.visible_at_repaint.empty());
+    run_slide();
+    EXPECT_TRUE(panel.visible_at_repaint.at(214));
+    EXPECT_TRUE(panel.visible_at_repaint.at(213));
+}
+
 TEST_F(CtrlsLayout, ATimerOfSomebodyElseIsNotAStep) {
     put(eODUE_GtdDate, true, true);
     const int before = x(225);

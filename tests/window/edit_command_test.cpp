@@ -65,6 +65,21 @@ protected:
         return pixels;
     }
 
+    // The button as it stands on the screen.
+    std::vector<COLORREF> shown() const {
+        const HDC dc = GetDC(window);
+        const RECT at = place();
+        std::vector<COLORREF> pixels;
+        for (LONG i = 0; i < 256; ++i) {
+            pixels.push_back(GetPixel(dc, at.left + i % 16, at.top + i / 16));
+        }
+        ReleaseDC(window, dc);
+        return pixels;
+    }
+    void draw_all() const {
+        RedrawWindow(parent, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    }
+
     diagnostics_recorder reports;
     recording_sink sink;
     HWND parent = nullptr;
@@ -151,6 +166,15 @@ TEST_F(EditCommand, AButtonThatCannotBeUsedStandsOnAGreyGround) {
     EXPECT_EQ(picture().back(), GetSysColor(COLOR_BTNFACE));
     EnableWindow(window, TRUE);
     EXPECT_EQ(picture(), usable);
+}
+
+TEST_F(EditCommand, ANewTextDoesNotCoverTheButton) {
+    draw_all();
+    const auto before = shown();
+    EXPECT_EQ(before, picture());
+    SetWindowTextW(window, L"a text that is much longer than the whole of the edit is wide");
+    UpdateWindow(window);
+    EXPECT_EQ(shown(), before);
 }
 
 TEST_F(EditCommand, AnEditInsideItIsPureGreen) {

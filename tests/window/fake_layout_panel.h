@@ -75,6 +75,14 @@ public:
         return !fail_end;
     }
 
+    void Repaint() override {
+        for (const auto& [item, window] : windows) {
+            visible_at_repaint[item] = window.visible;
+        }
+    }
+
+    // As it was when the panel was last drawn anew; empty before.
+    std::map<int, bool> visible_at_repaint;
     int announced = -1;
 
 private:

@@ -38,15 +38,15 @@ bool CEditCommandCtrlWnd2::CreateButton(int button_id, UINT image_strip) {
     return true;
 }
 
-BOOL CEditCommandCtrlWnd2::ProcessWindowMessage(HWND, UINT uMsg, WPARAM wParam, LPARAM, LRESULT& lResult,
-                                                DWORD dwMsgMapID) {
+BOOL CEditCommandCtrlWnd2::ProcessWindowMessage(HWND, UINT uMsg, WPARAM wParam, LPARAM lParam,
+                                                LRESULT& lResult, DWORD dwMsgMapID) {
     if (!BS_ASSERT_TEXT(dwMsgMapID == 0, "0")) {
         return FALSE;
     }
-    return frame::take(frame::guarded(BS_HERE, [&] { return _dispatch(uMsg, wParam); }), lResult);
+    return frame::take(frame::guarded(BS_HERE, [&] { return _dispatch(uMsg, wParam, lParam); }), lResult);
 }
 
-frame::answer CEditCommandCtrlWnd2::_dispatch(UINT uMsg, WPARAM wParam) {
+frame::answer CEditCommandCtrlWnd2::_dispatch(UINT uMsg, WPARAM wParam, LPARAM lParam) {
     switch (uMsg) {
         case WM_SIZE:
             _place_button();
@@ -61,6 +61,11 @@ frame::answer CEditCommandCtrlWnd2::_dispatch(UINT uMsg, WPARAM wParam) {
         case WM_KILLFOCUS:
             m_sink->OnEditKillFocus(m_id);
             return frame::declined;
+        case WM_PAINT:
+            // The edit draws over its children.
+            DefWindowProc(uMsg, wParam, lParam);
+            m_button.Repaint();
+            return 0;
         case WM_KEYDOWN:
             if (ends_editing(wParam)) {
                 m_sink->OnEditEnd(m_id, wParam == VK_RETURN);

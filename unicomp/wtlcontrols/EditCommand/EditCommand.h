@@ -23,7 +23,7 @@ public:
                               DWORD dwMsgMapID) override;
 
 private:
-    frame::answer _dispatch(UINT uMsg, WPARAM wParam);
+    frame::answer _dispatch(UINT uMsg, WPARAM wParam, LPARAM lParam);
     void _place_button();
     LRESULT _paint_child_edit(HDC target);
 

@@ -159,6 +159,7 @@ void CCtrlsLayout::_finish() {
     m_to_hide.clear();
     m_to_show.clear();
     m_pending.clear();
+    m_panel->Repaint();
 }
 
 }  // namespace OV_OrderDeck

@@ -26,6 +26,8 @@ public:
     virtual void* BeginMoves(int count) = 0;
     virtual void* MoveItem(void* batch, HWND window, int x, int y) = 0;
     virtual bool EndMoves(void* batch) = 0;
+    // Draws the whole panel anew, soon: windows that slid over one another leave traces.
+    virtual void Repaint() = 0;
 
 protected:
     ~ILayoutPanel() = default;

@@ -41,4 +41,8 @@ bool CLayoutPanel::EndMoves(void* batch) {
     return ::EndDeferWindowPos(static_cast<HDWP>(batch)) != FALSE;
 }
 
+void CLayoutPanel::Repaint() {
+    ::RedrawWindow(m_panel, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
 }  // namespace OV_OrderDeck

@@ -19,6 +19,7 @@ public:
     void* BeginMoves(int count) override;
     void* MoveItem(void* batch, HWND window, int x, int y) override;
     bool EndMoves(void* batch) override;
+    void Repaint() override;
 
 private:
     HWND m_panel = nullptr;

@@ -48,7 +48,7 @@ void CProfileTabWindow::Update(OD_UpdateEntity entity, bool bNoAnimation, bool b
             break;
         case eODUE_OrderType:
             _update_combo_box_ctrl(window, *field);
-            _fit_order_type(window);
+            _fit_order_type();
             break;
         case eODUE_Account:
         case eODUE_TimeInForce:
@@ -129,11 +129,12 @@ void CProfileTabWindow::_update_combo_box_ctrl(HWND window, IUnifyControl& field
     widen_list(window);
 }
 
-void CProfileTabWindow::_fit_order_type(HWND window) {
+void CProfileTabWindow::_fit_order_type() {
+    const HWND window = get_Item(PanelItem::OrderType);
     RECT client = {};
     ::GetClientRect(window, &client);
     const int width = static_cast<int>(client.right) - ::GetSystemMetrics(SM_CXVSCROLL) - combo_frame;
-    if (m_order_type_font.Fit(window, longest_item(window), width)) {
+    if (m_order_type_font.Fit(window, window_text(window), width)) {
         _init_combo_heights();
     }
 }

@@ -77,7 +77,7 @@ private:
     void _update_text(HWND window, IUnifyControl& field);
     void _update_lookup(HWND window, IUnifyControl& field, bool bKeepQuantity);
     void _update_combo_box_ctrl(HWND window, IUnifyControl& field);
-    void _fit_order_type(HWND window);
+    void _fit_order_type();
     void _update_quantity_ctrl(IUnifyControl& field);
     void _update_price(OD_UpdateEntity entity, HWND window, IUnifyControl& field);
     void _update_date_time_picker_ctrl(HWND window, IUnifyControl& field);

@@ -1,6 +1,6 @@
 #include "charting/orderdeck/src/window/WindowText.h"
 
-#include <utility>
+#include <algorithm>
 
 #include "charting/orderdeck/src/window/FittedFont.h"
 
@@ -36,20 +36,13 @@ CString text_of_value(IUnifyControl& field) {
     return platform::text_of(value.bstrVal);
 }
 
-CString longest_item(HWND combo) {
-    CString longest;
+void widen_list(HWND combo) {
+    int widest = 0;
     const LRESULT count = ::SendMessageW(combo, CB_GETCOUNT, 0, 0);
     for (LRESULT i = 0; i < count; ++i) {
-        CString text = list_text(combo, static_cast<WPARAM>(i));
-        if (text_width(combo, font_of(combo), text) > text_width(combo, font_of(combo), longest)) {
-            longest = std::move(text);
-        }
+        widest =
+            std::max(widest, text_width(combo, font_of(combo), list_text(combo, static_cast<WPARAM>(i))));
     }
-    return longest;
-}
-
-void widen_list(HWND combo) {
-    const int widest = text_width(combo, font_of(combo), longest_item(combo));
     const int width = widest + list_margin + ::GetSystemMetrics(SM_CXVSCROLL);
     ::SendMessageW(combo, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(width), 0);
 }

@@ -11,9 +11,6 @@ CString window_text(HWND window);
 // The value of a field as text. Throws _com_error when it is none.
 CString text_of_value(IUnifyControl& field);
 
-// The longest text in the list of a combo box.
-CString longest_item(HWND combo);
-
 // Makes the list of a combo box as wide as its longest item, however narrow the box is.
 void widen_list(HWND combo);
 
