@@ -44,6 +44,24 @@ TEST_F(BarInput, TheStripFillsTheBarAndThePanelItsPage) {
     EXPECT_EQ(at.bottom, page.bottom);
 }
 
+TEST_F(BarInput, OnlyTheFirstBarOfTheProcessLaysItselfOutWhenItIsShown) {
+    add(L"A");
+    window_tests::counting_owner second_owner;
+    COrderDeckWindow second(frame, second_owner);
+    const HWND second_strip = GetDlgItem(second.get_Hwnd(), 201);
+    RECT before = {};
+    GetWindowRect(second_strip, &before);
+    ASSERT_NE(second.AddTab(boost::make_shared<window_tests::fake_tab>(host, L"B", eTM_CC_Connected), false),
+              0);
+    RECT after = {};
+    GetWindowRect(second_strip, &after);
+    EXPECT_TRUE(IsWindowVisible(second_strip));
+    EXPECT_TRUE(EqualRect(&before, &after));
+    SetWindowPos(second.get_Hwnd(), nullptr, 0, 0, 800, 100, SWP_NOMOVE | SWP_NOZORDER);
+    GetWindowRect(second_strip, &after);
+    EXPECT_EQ(after.right - after.left, 800);
+}
+
 TEST_F(BarInput, TheSetUpButtonStandsInTheMiddle) {
     MoveWindow(bar->get_Hwnd(), 0, 0, 901, 131, TRUE);
     RECT at = {};

@@ -184,6 +184,19 @@ TEST_F(PanelNotices, APickedDateGoesToTheFieldAsAnOleDate) {
     EXPECT_EQ(field(eODUE_GtdDate).values[0].date, 46023.75);
 }
 
+TEST_F(PanelNotices, TheCalendarKnowsWhetherTodayWasPicked) {
+    const auto show = [&](const SYSTEMTIME& date) {
+        SendMessageW(item(228), DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&date));
+        pick(GDT_VALID, date);
+    };
+    SYSTEMTIME now = {};
+    GetLocalTime(&now);
+    show(now);
+    EXPECT_TRUE(bar->get_Panel().get_Calendar().get_IsToday());
+    show({2078, 1, 6, 1, 0, 0, 0, 0});
+    EXPECT_FALSE(bar->get_Panel().get_Calendar().get_IsToday());
+}
+
 TEST_F(PanelNotices, ANoticeWithoutADateWritesTheDateZero) {
     pick(GDT_NONE, {});
     ASSERT_EQ(field(eODUE_GtdDate).values.size(), 1u);

@@ -38,6 +38,7 @@ public:
     // The current tab's field, empty without a tab.
     boost::shared_ptr<IUnifyControl> get_Control(OD_UpdateEntity entity) const;
     CFieldTips& get_Tips() { return m_tips; }
+    const WTLControls::CGTDCalendar& get_Calendar() const { return m_calendar; }
 
     // Brings the window of one field up to date. bNoAnimation: what comes and goes does so at once.
     // bKeepQuantity: a symbol of another category leaves the quantity. Throws _com_error.
