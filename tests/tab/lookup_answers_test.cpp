@@ -105,12 +105,17 @@ TEST_F(symbol_control, a_dialog_that_is_not_supported_asks_the_user_to_type) {
 TEST_F(symbol_control, a_plug_in_is_supported_exactly_when_the_service_says_true) {
     lookup->supported = true;
     EXPECT_TRUE(control().IsPluginSupported(L"CQG"));
+    for (const VARIANT_BOOL odd : {VARIANT_BOOL{1}, VARIANT_BOOL{-2}, VARIANT_BOOL{0x7FFF}}) {
+        lookup->odd_truth = odd;
+        EXPECT_FALSE(control().IsPluginSupported(L"CQG")) << odd;
+    }
+    lookup->odd_truth = VARIANT_FALSE;
     lookup->supported = false;
     EXPECT_FALSE(control().IsPluginSupported(L"CQG"));
     host.leave_unwritten("Lookup.IsPluginSupported");
     EXPECT_FALSE(control().IsPluginSupported(L"CQG"));
     EXPECT_TRUE(reported().empty());
-    EXPECT_EQ(3, host.count("IsPluginSupported(\"CQG\")"));
+    EXPECT_EQ(6, host.count("IsPluginSupported(\"CQG\")"));
 }
 
 TEST_F(symbol_control, a_failing_answer_about_a_plug_in_is_reported_and_means_no) {

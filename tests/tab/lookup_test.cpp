@@ -117,7 +117,9 @@ TEST_F(symbol_control, that_the_service_does_not_start_is_raised_and_tried_again
 
 TEST_F(symbol_control, hands_the_present_symbol_to_the_service) {
     control().LookupByText(L"ESZ6", false, true);
+    EXPECT_FALSE(lookup->had_selected);
     control().LookupByText(L"NQZ6", false, false);
+    EXPECT_TRUE(lookup->had_selected);
     EXPECT_EQ(1, host.count("Lookup.GetSymbolInfo(\"ESZ6\", 1, null)"));
     EXPECT_EQ(1, host.count("Lookup.GetSymbolInfo(\"NQZ6\", 0, \"ESZ6\")"));
 }

@@ -23,21 +23,33 @@ using calls = std::vector<std::string>;
 // A lookup service that gives one answer to every question.
 class TestLookup : public FakeLookup {
 public:
-    explicit TestLookup(fake_host host) : FakeLookup(host), m_log(std::move(host)) {}
+    explicit TestLookup(fake_host host) : FakeLookup(std::move(host)) {}
 
     // Without it the tables of the base answer.
     bool fixed = false;
     OD_LookupResult result = eODLR_Selected;
     symbol answer;
+    // Whether the last question by name came with a present choice.
+    bool had_selected = false;
+    // What IsPluginSupported writes, when it isn't 0.
+    VARIANT_BOOL odd_truth = VARIANT_FALSE;
 
     STDMETHODIMP GetSymbolInfo(BSTR sName, LONG dwFlags, OD_SSymbolInfo* pSelected, OD_SSymbolInfo* pVal,
                                OD_LookupResult* pRes) override {
+        had_selected = pSelected != nullptr;
         const HRESULT hr = FakeLookup::GetSymbolInfo(sName, dwFlags, pSelected, pVal, pRes);
         return give(hr, pVal, pRes);
     }
     STDMETHODIMP GetSymbolInfoById(LONG lSymbolId, OD_SSymbolInfo* pVal, OD_LookupResult* pRes) override {
         const HRESULT hr = FakeLookup::GetSymbolInfoById(lSymbolId, pVal, pRes);
         return give(hr, pVal, pRes);
+    }
+    STDMETHODIMP IsPluginSupported(BSTR sName, VARIANT_BOOL* pRes) override {
+        const HRESULT hr = FakeLookup::IsPluginSupported(sName, pRes);
+        if (odd_truth != VARIANT_FALSE) {
+            *pRes = odd_truth;
+        }
+        return hr;
     }
 
 private:
@@ -49,8 +61,6 @@ private:
         }
         return hr;
     }
-
-    fake_host m_log;
 };
 
 class tab_fixture : public ::testing::Test {

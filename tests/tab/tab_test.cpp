@@ -6,6 +6,7 @@
 #include <boost/make_shared.hpp>
 #include <boost/weak_ptr.hpp>
 #include <cstdint>
+#include <stdexcept>
 
 #include "charting/orderdeck/src/tab/Controls/AccountCombo.h"
 #include "charting/orderdeck/src/tab/Controls/AskBidButton.h"
@@ -15,6 +16,7 @@
 #include "charting/orderdeck/src/tab/Controls/QuantityEdit.h"
 #include "charting/orderdeck/src/tab/Controls/TimeInForceCombo.h"
 #include "charting/orderdeck/src/tab/Controls/TimeInForceEdit.h"
+#include "platform/clock.h"
 #include "tests/tab/tab_fixture.h"
 
 namespace OV_OrderDeck {
@@ -286,6 +288,25 @@ TEST_F(tab_object, ends_in_order_subscription_fields_bar_profile) {
     EXPECT_EQ((calls{"ProfileEvents(\"Alpha\").Unadvise(1)", "bar gone after the fields", "profile gone"}),
               host.calls());
     EXPECT_TRUE(subscribed_with_fields);
+}
+
+// A clock whose time lies outside the calendar, so that the date field can't be made.
+class stopped_clock : public platform::clock {
+public:
+    SYSTEMTIME local_time() override { return {}; }
+    DWORD tick_count() override { return 0; }
+    double milliseconds() override { return 0.0; }
+};
+
+TEST_F(tab_object, that_fails_in_the_making_leaves_no_subscription_behind) {
+    wrap = platform::make_com<CProfileWrap>(profile.get());
+    stopped_clock stopped;
+    const platform::port<platform::clock>::replacement in_place(stopped);
+    EXPECT_THROW(CTab failed(wrap), std::range_error);
+    EXPECT_EQ(1, host.count(".Advise(1)"));
+    EXPECT_EQ(0, profile->fire_quote(1.0, 2.0));
+    EXPECT_EQ(1, host.count("Unadvise(1)"));
+    EXPECT_EQ(0u, profile->events->size());
 }
 
 TEST_F(tab_object, hears_nothing_after_its_end) {
