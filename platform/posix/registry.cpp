@@ -73,7 +73,9 @@ LONG native_code(const sqlite_error& error) {
 }
 
 LONG copy_name(const std::optional<CString>& found, wchar_t* name, DWORD& length) {
-    require(found.has_value(), ERROR_NO_MORE_ITEMS);
+    if (!found) {
+        return ERROR_NO_MORE_ITEMS;
+    }
     require(found->size() < length, ERROR_MORE_DATA);
     length = static_cast<DWORD>(found->size());
     std::copy_n(found->c_str(), found->size() + 1, name);

@@ -51,7 +51,7 @@ void install_park_handler() {
 
 void* run(void* argument) {
     const std::unique_ptr<block_ptr> given(static_cast<block_ptr*>(argument));
-    const block_ptr block = *given;
+    const block_ptr& block = *given;
     block->id = current_thread_id();
     block->started.Set();
     block->body(block->argument);
@@ -85,7 +85,7 @@ bool thread::Start(unsigned stack_size, function body, void* argument, DWORD& id
             !block->ended.Create(event::reset_mode::manual)) {
             return false;
         }
-        auto given = std::make_unique<block_ptr>(block);
+        auto* const given = new block_ptr(block);
         auto kept = std::make_unique<block_ptr>(block);
         pthread_attr_t attributes;
         pthread_attr_init(&attributes);
@@ -93,13 +93,13 @@ bool thread::Start(unsigned stack_size, function body, void* argument, DWORD& id
         if (stack_size != 0) {
             pthread_attr_setstacksize(&attributes, stack_size);
         }
-        const int result = pthread_create(&block->native, &attributes, run, given.get());
+        const int result = pthread_create(&block->native, &attributes, run, given);
         pthread_attr_destroy(&attributes);
         if (result != 0) {
+            delete given;
             SetLastError(ERROR_NOT_ENOUGH_MEMORY);
             return false;
         }
-        given.release();
         block->started.Wait(INFINITE);
         id = block->id;
         m_handle = reinterpret_cast<HANDLE>(kept.release());

@@ -11,7 +11,8 @@ LONGLONG SDateTime::OleDate2Ticks(double value) {
     constexpr double highest = 65381.0;
     constexpr LONGLONG highest_num = 564891840000000;
     details::check_range(function, "value", 0.0, highest, value);
-    // In units of 10 microseconds.
+    // In units of 10 microseconds. Added and cut, not rounded by the library: stamps of hosts were made so.
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings)
     const auto num = static_cast<LONGLONG>(value * 8640000000.0 + 0.5);
     details::check_range(function, "num", LONGLONG{0}, highest_num, num);
     return (num + 5992643520000000) * 100;

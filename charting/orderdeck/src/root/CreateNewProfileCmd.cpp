@@ -45,6 +45,7 @@ std::vector<CString> CCreateNewProfileCmd::_get_plugins() {
 
 UINT CCreateNewProfileCmd::_choose(const std::vector<CString>& names, POINT at) {
     std::vector<platform::popup_item> items;
+    items.reserve(names.size());
     for (const CString& name : names) {
         items.push_back({static_cast<UINT>(items.size() + 1), name, true});
     }
