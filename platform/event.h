@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/core/noncopyable.hpp>
+#include <mutex>
 
 #include "platform/com.h"
 
@@ -34,6 +35,8 @@ public:
 private:
     HANDLE m_handle = nullptr;
     reset_mode m_mode = reset_mode::automatic;
+    // Natively held while it is set: whoever saw it set and takes the lock comes after all of that.
+    std::mutex m_setting;
 };
 
 }  // namespace platform

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <mutex>
 #include <utility>
 
 #include "platform/posix/descriptor.h"
@@ -24,6 +25,7 @@ bool event::Create(reset_mode mode) noexcept {
 }
 
 bool event::Set() noexcept {
+    const std::lock_guard guard(m_setting);
     return m_handle != nullptr && posix::signal(posix::descriptor_of(m_handle));
 }
 
@@ -49,6 +51,7 @@ DWORD event::Wait(DWORD timeout, bool) noexcept {
         }
         // Another waiter may have been faster.
         if (ready > 0 && (m_mode == reset_mode::manual || posix::consume(fd))) {
+            const std::lock_guard after_the_setter(m_setting);
             return WAIT_OBJECT_0;
         }
         if (deadline.passed()) {

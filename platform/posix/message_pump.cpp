@@ -31,7 +31,8 @@ struct sent_message {
     LRESULT result = 0;
     bool done = false;
     bool abandoned = false;
-    std::condition_variable answered;
+    // Of the queue of the thread that waits.
+    std::shared_ptr<std::condition_variable> answered;
 };
 
 struct timer {
@@ -51,6 +52,8 @@ struct thread_queue {
 
     std::deque<MSG> posted;
     std::list<std::shared_ptr<sent_message>> sent;
+    // Notified when something was sent here, or when what this thread sent was answered.
+    const std::shared_ptr<std::condition_variable> sent_changed = std::make_shared<std::condition_variable>();
     std::list<timer> timers;
     bool quit = false;
     int quit_code = 0;
@@ -94,7 +97,7 @@ thread_local queue_owner this_thread;
 
 // With the lock held by the caller.
 queue_ptr this_queue_locked() {
-    if (!this_thread.queue) {
+    if (!this_thread.queue || this_thread.queue->wake < 0) {
         this_thread.queue = std::make_shared<thread_queue>();
         table().queues[current_thread_id()] = this_thread.queue;
     }
@@ -121,7 +124,7 @@ bool run_sent_message(std::unique_lock<std::mutex>& lock, const queue_ptr& queue
     }
     message->result = result;
     message->done = true;
-    message->answered.notify_all();
+    message->answered->notify_all();
     return true;
 }
 
@@ -186,8 +189,30 @@ void post_to(const queue_ptr& queue, HWND target, UINT message, WPARAM wParam, L
     posix::signal(queue->wake);
 }
 
-// INFINITE waits for ever. False when the time is over.
-bool send_to(HWND target, UINT message, WPARAM wParam, LPARAM lParam, DWORD timeout, LRESULT& result) {
+// Whether the message was answered in time. A thread that may handle others meanwhile can't be held up by
+// one that waits for it.
+bool wait_for_answer(std::unique_lock<std::mutex>& lock, const queue_ptr& own, sent_message& sent,
+                     DWORD timeout, bool handle_others) {
+    const posix::deadline deadline(timeout);
+    while (!sent.done) {
+        if (handle_others && run_sent_message(lock, own)) {
+            continue;
+        }
+        if (timeout == INFINITE) {
+            own->sent_changed->wait(lock);
+            continue;
+        }
+        own->sent_changed->wait_for(lock, std::chrono::milliseconds(deadline.poll_timeout()));
+        if (!sent.done && deadline.passed()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// timeout INFINITE waits for ever. False when the time is over or there is no such target.
+bool send_to(HWND target, UINT message, WPARAM wParam, LPARAM lParam, DWORD timeout, bool handle_others,
+             LRESULT& result) {
     std::unique_lock lock(table().mutex);
     const auto found = table().targets.find(target);
     if (found == table().targets.end()) {
@@ -199,17 +224,17 @@ bool send_to(HWND target, UINT message, WPARAM wParam, LPARAM lParam, DWORD time
         result = entry.handle(entry.context, message, wParam, lParam);
         return true;
     }
+    const queue_ptr own = this_queue_locked();
     auto sent = std::make_shared<sent_message>();
+    sent->answered = own->sent_changed;
     sent->target = target;
     sent->message = message;
     sent->wParam = wParam;
     sent->lParam = lParam;
     entry.queue->sent.push_back(sent);
     posix::signal(entry.queue->wake);
-    const auto is_done = [&] { return sent->done; };
-    if (timeout == INFINITE) {
-        sent->answered.wait(lock, is_done);
-    } else if (!sent->answered.wait_for(lock, std::chrono::milliseconds(timeout), is_done)) {
+    entry.queue->sent_changed->notify_all();
+    if (!wait_for_answer(lock, own, *sent, timeout, handle_others)) {
         sent->abandoned = true;
         return false;
     }
@@ -221,7 +246,7 @@ void answer_all(const queue_ptr& queue, HWND target) {
     for (auto it = queue->sent.begin(); it != queue->sent.end();) {
         if (target == nullptr || (*it)->target == target) {
             (*it)->done = true;
-            (*it)->answered.notify_all();
+            (*it)->answered->notify_all();
             it = queue->sent.erase(it);
         } else {
             ++it;
@@ -253,6 +278,10 @@ bool message_target::Create(handler handle, void* context) noexcept {
     Destroy();
     try {
         const std::lock_guard lock(table().mutex);
+        if (this_queue_locked()->wake < 0) {
+            SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+            return false;
+        }
         const HWND fresh = reinterpret_cast<HWND>(table().next_handle++);
         table().targets[fresh] = target_entry{handle, context, current_thread_id(), this_queue_locked()};
         m_handle = fresh;
@@ -292,13 +321,13 @@ bool message_target::Post(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
 
 LRESULT message_target::Send(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     LRESULT result = 0;
-    send_to(m_handle, message, wParam, lParam, INFINITE, result);
+    send_to(m_handle, message, wParam, lParam, INFINITE, true, result);
     return result;
 }
 
 bool message_target::SendBlocking(UINT message, WPARAM wParam, LPARAM lParam, DWORD timeout) noexcept {
     LRESULT result = 0;
-    return send_to(m_handle, message, wParam, lParam, timeout, result);
+    return send_to(m_handle, message, wParam, lParam, timeout, false, result);
 }
 
 bool message_target::SetTimer(UINT_PTR id, UINT period) noexcept {

@@ -21,9 +21,9 @@ using reset_mode = platform::event::reset_mode;
 
 CThreadBase::CThreadBase(utils::ITaskStorage* storage, unsigned stackSize)
     : CAOTransportBase(storage),
-      m_stackSize(stackSize),
       m_threadState(reset_mode::manual, Stopped),
-      m_wakeEvent(reset_mode::automatic, Idle) {
+      m_wakeEvent(reset_mode::automatic, Idle),
+      m_stackSize(stackSize) {
     m_threadState.SetState(Stopped);
 }
 
@@ -62,11 +62,20 @@ bool CThreadBase::Execute(const task_ptr& task) {
 }
 
 bool CThreadBase::Start() {
-    // Before the lock, so that the lock order of StopEx holds.
-    if (IsStarted() && !StopEx(true, INFINITE, false)) {
-        return false;
+    for (;;) {
+        // Before the lock, so that the lock order of StopEx holds.
+        if (IsStarted() && !StopEx(true, INFINITE, false)) {
+            return false;
+        }
+        const std::lock_guard guard(m_lock);
+        // Another thread may have started it in between.
+        if (!IsStarted()) {
+            return _start_worker();
+        }
     }
-    const std::lock_guard guard(m_lock);
+}
+
+bool CThreadBase::_start_worker() {
     m_threadState.Reset();
     m_wakeEvent.SetState(Pending);
     DWORD id = 0;

@@ -23,13 +23,19 @@ public:
 protected:
     CThreadBase(utils::ITaskStorage* storage, unsigned stackSize);
 
-private:
     enum ThreadState : LONG { Running = 0, Stopped = 1 };
     enum WakeState : LONG { Idle = 0, Pending = 1, Stopping = 2 };
 
+    // What the new thread runs; argument is the transport.
     static DWORD ThrFunc(void* argument);
+
+    MTUtils::CMTUEvent m_threadState;
+    MTUtils::CMTUEvent m_wakeEvent;
+
+private:
     DWORD _thread_body();
     void _loop();
+    bool _start_worker();
     bool _wait_for_work();
     void _drain();
     static void _dispatch_messages();
@@ -38,13 +44,11 @@ private:
 
     unsigned m_stackSize;
     std::atomic<bool> m_noAutoStart{false};
-    MTUtils::CMTUEvent m_threadState;
-    MTUtils::CMTUEvent m_wakeEvent;
     std::atomic<DWORD> m_threadId{0};
     platform::thread m_threadHandle;
 };
 
-class CThread final : public CThreadBase {
+class CThread : public CThreadBase {
 public:
     explicit CThread(unsigned stackSize) : CThreadBase(&m_storage, stackSize) {}
 

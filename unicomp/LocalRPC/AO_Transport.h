@@ -36,8 +36,10 @@ public:
     void LockRead();
     void UnlockRead();
 
-private:
+protected:
     std::atomic<LONG> m_counter{0};
+
+private:
     std::recursive_mutex m_section;
 };
 

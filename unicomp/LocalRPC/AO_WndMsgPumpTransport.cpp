@@ -29,31 +29,36 @@ void end_window(CWndImpl* window) {
 }  // namespace
 
 CWndImpl::CWndImpl(CWndMsgPumpBase* pump) : m_pPump(pump), m_threadId(platform::current_thread_id()) {
-    if (!m_target.Create(&ProcessWindowMessage, this)) {
+    if (!m_target.Create(&WindowProc, this)) {
         throw local_rpc_exception("can't create transport Window. Last error: " +
                                   platform::system_error_text(GetLastError()));
     }
 }
 
-LRESULT CWndImpl::ProcessWindowMessage(void* context, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CWndImpl::WindowProc(void* context, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* const This = static_cast<CWndImpl*>(context);
-    BugSlayerUtil::guard(BS_HERE, [&] {
-        switch (message) {
-            case RunTasks:
-            case WM_TIMER:
-                This->_run_tasks();
-                break;
-            case Suicide:
-                This->OnSuicide();
-                break;
-            case TimerControl:
-                This->OnTimerControl(wParam, lParam);
-                break;
-            default:
-                break;
-        }
-    });
+    BugSlayerUtil::guard(BS_HERE, [&] { This->ProcessWindowMessage(message, wParam, lParam, 0); });
     return 0;
+}
+
+bool CWndImpl::ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, DWORD dwMsgMapID) {
+    if (!BS_ASSERT_TEXT(dwMsgMapID == 0, "0")) {
+        return false;
+    }
+    switch (message) {
+        case RunTasks:
+        case WM_TIMER:
+            _run_tasks();
+            return true;
+        case Suicide:
+            OnSuicide();
+            return true;
+        case TimerControl:
+            OnTimerControl(wParam, lParam);
+            return true;
+        default:
+            return false;
+    }
 }
 
 void CWndImpl::_run_tasks() {

@@ -27,8 +27,11 @@ public:
     bool SendBlocking(UINT message) { return m_target.SendBlocking(message, 0, 0, INFINITE); }
     void SendSuicide() { m_target.Send(Suicide, 0, 0); }
 
+    // False when the message is not one of these. dwMsgMapID is 0: there is one map.
+    bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, DWORD dwMsgMapID);
+
 private:
-    static LRESULT ProcessWindowMessage(void* context, UINT message, WPARAM wParam, LPARAM lParam);
+    static LRESULT WindowProc(void* context, UINT message, WPARAM wParam, LPARAM lParam);
     void _run_tasks();
     void OnSuicide();
     void OnTimerControl(WPARAM wParam, LPARAM lParam);
@@ -59,7 +62,6 @@ public:
 protected:
     explicit CWndMsgPumpBase(utils::ITaskStorage* storage) : CAOTransportBase(storage) {}
 
-private:
     struct window_holder {
         boost::shared_ptr<CWndImpl> window;
         mutable std::recursive_mutex lock;
@@ -67,14 +69,15 @@ private:
         bool pending = false;
     };
 
-    bool _wake_up(bool synchronous);
-    void _process_tasks(DWORD budget);
-    void _swap_window(boost::shared_ptr<CWndImpl>& window);
-
     window_holder m_wndHolder;
     bool m_allowNested = false;
     std::atomic<LONG> m_runningTasks{0};
     bool m_suspended = false;
+
+private:
+    bool _wake_up(bool synchronous);
+    void _process_tasks(DWORD budget);
+    void _swap_window(boost::shared_ptr<CWndImpl>& window);
 };
 
 inline void intrusive_ptr_add_ref(CWndMsgPumpBase* pump) {
@@ -84,7 +87,7 @@ inline void intrusive_ptr_release(CWndMsgPumpBase* pump) {
     pump->Release();
 }
 
-class CWndMsgPump final : public CWndMsgPumpBase {
+class CWndMsgPump : public CWndMsgPumpBase {
 public:
     CWndMsgPump() : CWndMsgPumpBase(&m_storage) {}
 

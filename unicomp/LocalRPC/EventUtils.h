@@ -55,10 +55,12 @@ public:
     // blocks. WAIT_OBJECT_0 once the task is done.
     DWORD Wait(DWORD timeout, DWORD flags);
 
+protected:
+    platform::event m_handle;
+
 private:
     void _free();
 
-    platform::event m_handle;
     // 1 while the task is pending, 0 once it is done.
     std::atomic<LONG> m_state{1};
 };

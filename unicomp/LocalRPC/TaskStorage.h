@@ -29,11 +29,16 @@ public:
     }
 
     void Pop(task_ptr& task) override {
-        const std::lock_guard guard(m_lock);
-        if (!m_tasks.empty()) {
-            task = std::move(m_tasks.front());
+        task_ptr front;
+        {
+            const std::lock_guard guard(m_lock);
+            if (m_tasks.empty()) {
+                return;
+            }
+            front.swap(m_tasks.front());
             m_tasks.pop_front();
         }
+        task.swap(front);
     }
 
     void OnTaskDone() override {}
