@@ -29,6 +29,7 @@ TEST(data_feed_of_plugin, reads_the_registry_on_first_use_only) {
     DWORD type = 0;
     DWORD bytes = 0;
     EXPECT_EQ(ERROR_FILE_NOT_FOUND, key.QueryValue(L"Avanza", type, nullptr, bytes));
+    EXPECT_EQ(ERROR_SUCCESS, key.SetString(L"Avanza", L"TradeNode"));
 }
 
 }  // namespace
