@@ -115,6 +115,29 @@ TEST_F(symbol_control, that_the_service_does_not_start_is_raised_and_tried_again
     EXPECT_EQ(L"ESZ6", text(eODUE_Symbol));
 }
 
+// Says that it has every interface and gives none.
+class hollow_service : public platform::com_root<IOD_LookupFilter> {
+public:
+    STDMETHODIMP IsFiltered(OD_SSymbolInfo*, VARIANT_BOOL*) override { return E_NOTIMPL; }
+
+protected:
+    HRESULT internal_query(REFIID iid, void** out) {
+        if (IsEqualIID(iid, __uuidof(IOD_LookupImpl))) {
+            *out = nullptr;
+            return S_OK;
+        }
+        return com_root::internal_query(iid, out);
+    }
+};
+
+TEST_F(symbol_control, a_service_that_is_nothing_is_raised) {
+    service = platform::make_com<hollow_service>()->GetUnknown();
+    EXPECT_TRUE(FAILED(raised_by([&] { control().LookupByName(L"ESZ6"); })));
+    EXPECT_EQ(1, host.count("Class(\"LookupImpl\").CreateInstance()"));
+    EXPECT_EQ(1u, reported().size());
+    EXPECT_TRUE(control().IsEmpty());
+}
+
 TEST_F(symbol_control, hands_the_present_symbol_to_the_service) {
     control().LookupByText(L"ESZ6", false, true);
     EXPECT_FALSE(lookup->had_selected);

@@ -89,9 +89,9 @@ protected:
         }
         EXPECT_GE(1u, profile->trading->orders.size()) << what;
         end_the_row();
-        // Nothing hangs on the host any more: the fixture's references are the last.
+        // Nothing hangs on the host any more: the fixture's references, two to the service, are the last.
         EXPECT_EQ(1u, (profile->AddRef(), profile->Release())) << what;
-        EXPECT_EQ(1u, (lookup->AddRef(), lookup->Release())) << what;
+        EXPECT_EQ(2u, (lookup->AddRef(), lookup->Release())) << what;
         profile->trading->orders.clear();
         profile->trading->symbols.clear();
         profile->state = eTM_CC_Disconnected;

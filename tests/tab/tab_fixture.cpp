@@ -9,8 +9,8 @@ using namespace OV_OrderDeck;
 tab_fixture::tab_fixture()
     : profile(platform::make_com<FakeProfile>(host, L"Alpha")),
       lookup(platform::make_com<TestLookup>(host)),
-      lookup_class(host, __uuidof(LookupImpl), L"LookupImpl",
-                   [this] { return com_ptr<IUnknown>(lookup->GetUnknown()); }),
+      service(lookup->GetUnknown()),
+      lookup_class(host, __uuidof(LookupImpl), L"LookupImpl", [this] { return service; }),
       bar(boost::make_shared<FakeTabCtrl>(host)) {
     profile->plugin = L"CQG-FIX";
     profile->trading->accounts = {L"A1", L"A2"};

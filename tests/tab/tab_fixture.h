@@ -102,6 +102,8 @@ protected:
     OV_OrderDeck::CGlobalData global;
     com_ptr<FakeProfile> profile;
     com_ptr<TestLookup> lookup;
+    // What creating the lookup class gives: the one above until a test says otherwise.
+    com_ptr<IUnknown> service;
     fake_class lookup_class;
     com_ptr<OV_OrderDeck::CProfileWrap> wrap;
     boost::shared_ptr<FakeTabCtrl> bar;
