@@ -78,7 +78,7 @@ private:
     HWND m_setup_button = nullptr;
     HIMAGELIST m_images = nullptr;
     // Runs what the bar posts to itself.
-    LocalRPC::CActiveObject_WndMsg m_async{false};
+    LocalRPC::CActiveObject_WndMsg m_async{true};
 };
 
 }  // namespace OV_OrderDeck

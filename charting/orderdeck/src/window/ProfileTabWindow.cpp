@@ -8,6 +8,7 @@
 
 #include "charting/orderdeck/src/window/OrderDeckWindow.h"
 #include "charting/orderdeck/src/window/PanelItems.h"
+#include "charting/orderdeck/src/window/RowRoom.h"
 #include "charting/orderdeck/src/window/ProfileMenu.h"
 #include "charting/orderdeck/src/window/WindowText.h"
 #include "diagnostics/BugSlayerUtil.h"
@@ -124,6 +125,7 @@ frame::answer CProfileTabWindow::OnInitDialog() {
     m_ask_bid.SubclassWindow(get_Item(PanelItem::AskBid));
     _init_combo_heights();
     _init_theme();
+    make_room_for_texts(m_hWnd, m_layout_panel);
     m_layout.Build();
     return 0;
 }
