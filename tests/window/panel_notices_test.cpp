@@ -107,16 +107,6 @@ TEST_F(PanelNotices, AChosenItemSelectsItsKey) {
     EXPECT_EQ(field(eODUE_OrderType).selections, (std::vector<LONG>{3, CB_ERR}));
 }
 
-TEST_F(PanelNotices, ALongOrderTypeIsShownInASmallerFontAndAShortOneInThePanels) {
-    const auto font = [&](HWND window) { return SendMessageW(window, WM_GETFONT, 0, 0); };
-    const LRESULT height = SendMessageW(item(206), CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
-    choose(206, 0);
-    EXPECT_EQ(font(item(206)), font(panel()));
-    choose(206, 3);
-    EXPECT_NE(font(item(206)), font(panel()));
-    EXPECT_EQ(SendMessageW(item(206), CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0), height);
-}
-
 TEST_F(PanelNotices, TypingAPriceTellsTheFieldAtEachCharacter) {
     type(214, L"12");
     ASSERT_EQ(field(eODUE_FirstPrice).values.size(), 2u);

@@ -108,10 +108,42 @@ TEST_F(PanelUpdate, ListsAreNotSorted) {
     EXPECT_EQ(list_text(206, 3), L"停止限價單");
 }
 
-TEST_F(PanelUpdate, ANarrowBoxDropsAListThatHoldsItsLongestText) {
+TEST_F(PanelUpdate, ALongNameOfAnAccountDropsAListThatHoldsIt) {
+    tab->field(eODUE_Account).items = {{0, CString(60, L'帳')}};
+    update(eODUE_Account);
     RECT box = {};
-    GetWindowRect(item(222), &box);
-    EXPECT_GT(SendMessageW(item(222), CB_GETDROPPEDWIDTH, 0, 0), box.right - box.left);
+    GetWindowRect(item(220), &box);
+    EXPECT_GT(SendMessageW(item(220), CB_GETDROPPEDWIDTH, 0, 0), box.right - box.left);
+}
+
+TEST_F(PanelUpdate, BoxesAreWideEnoughForTheirLongestTextAndNothingOverlaps) {
+    const auto rect_of = [&](int id) {
+        RECT rect = {};
+        GetWindowRect(item(id), &rect);
+        return rect;
+    };
+    const auto needed = [&](std::initializer_list<const wchar_t*> texts) {
+        const HDC dc = GetDC(panel());
+        const HGDIOBJ old =
+            SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(panel(), WM_GETFONT, 0, 0)));
+        LONG widest = 0;
+        for (const wchar_t* text : texts) {
+            SIZE size = {};
+            GetTextExtentPoint32W(dc, text, lstrlenW(text), &size);
+            widest = size.cx > widest ? size.cx : widest;
+        }
+        SelectObject(dc, old);
+        ReleaseDC(panel(), dc);
+        return widest + GetSystemMetrics(SM_CXVSCROLL);
+    };
+    const auto width = [&](int id) { return rect_of(id).right - rect_of(id).left; };
+    EXPECT_GT(width(206), needed({L"停止限價單"}));
+    EXPECT_GT(width(222), needed({L"GTC(取消前有效)", L"IOC(立即成交否則取消)"}));
+    // Where they stand with every field shown, in the order of the row.
+    constexpr int row[] = {203, 206, 209, 231, 220, 222, 225, 227};
+    for (std::size_t i = 1; i < std::size(row); ++i) {
+        EXPECT_LE(rect_of(row[i - 1]).right, rect_of(row[i]).left) << row[i - 1] << " and " << row[i];
+    }
 }
 
 // What a box makes of a height is the system's; a box that was told the same one says so.

@@ -57,7 +57,6 @@ frame::answer CProfileTabWindow::OnCBChange(int id) {
     const LRESULT current = ::SendMessageW(combo, CB_GETCURSEL, 0, 0);
     const LRESULT key = ::SendMessageW(combo, CB_GETITEMDATA, static_cast<WPARAM>(current), 0);
     field->Select(static_cast<LONG>(key));
-    _fit_order_type();
     return 0;
 }
 

@@ -19,8 +19,6 @@ constexpr double stock_quantity = 100.0;
 constexpr double other_quantity = 1.0;
 constexpr int mid_mode = 2;
 constexpr int idle_mode = 0;
-// Both edges of a combo box and the margin of its text.
-constexpr int combo_frame = 8;
 
 class setting_text {
 public:
@@ -47,9 +45,6 @@ void CProfileTabWindow::Update(OD_UpdateEntity entity, bool bNoAnimation, bool b
             _update_lookup(window, *field, bKeepQuantity);
             break;
         case eODUE_OrderType:
-            _update_combo_box_ctrl(window, *field);
-            _fit_order_type();
-            break;
         case eODUE_Account:
         case eODUE_TimeInForce:
             _update_combo_box_ctrl(window, *field);
@@ -127,16 +122,6 @@ void CProfileTabWindow::_update_combo_box_ctrl(HWND window, IUnifyControl& field
         ::SendMessageW(window, CB_SETCURSEL, static_cast<WPARAM>(shown), 0);
     }
     widen_list(window);
-}
-
-void CProfileTabWindow::_fit_order_type() {
-    const HWND window = get_Item(PanelItem::OrderType);
-    RECT client = {};
-    ::GetClientRect(window, &client);
-    const int width = static_cast<int>(client.right) - ::GetSystemMetrics(SM_CXVSCROLL) - combo_frame;
-    if (m_order_type_font.Fit(window, window_text(window), width)) {
-        _init_combo_heights();
-    }
 }
 
 void CProfileTabWindow::_update_quantity_ctrl(IUnifyControl& field) {

@@ -8,8 +8,8 @@
 
 #include "charting/orderdeck/src/window/OrderDeckWindow.h"
 #include "charting/orderdeck/src/window/PanelItems.h"
-#include "charting/orderdeck/src/window/RowRoom.h"
 #include "charting/orderdeck/src/window/ProfileMenu.h"
+#include "charting/orderdeck/src/window/RowRoom.h"
 #include "charting/orderdeck/src/window/WindowText.h"
 #include "diagnostics/BugSlayerUtil.h"
 #include "unicomp/FormatUtil/interface/NumberFormat.h"

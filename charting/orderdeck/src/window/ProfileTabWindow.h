@@ -78,7 +78,6 @@ private:
     void _update_text(HWND window, IUnifyControl& field);
     void _update_lookup(HWND window, IUnifyControl& field, bool bKeepQuantity);
     void _update_combo_box_ctrl(HWND window, IUnifyControl& field);
-    void _fit_order_type();
     void _update_quantity_ctrl(IUnifyControl& field);
     void _update_price(OD_UpdateEntity entity, HWND window, IUnifyControl& field);
     void _update_date_time_picker_ctrl(HWND window, IUnifyControl& field);
@@ -97,8 +96,6 @@ private:
     LONG m_lastCategory = std::numeric_limits<LONG>::min();
     WTLControls::CEditCommandCtrlWnd2 m_symbol;
     AskBidButtonImpl m_ask_bid;
-    // The box of the order type is hardly wider than its longest item.
-    CFittedFont m_order_type_font;
     CLayoutPanel m_layout_panel;
     CCtrlsLayout m_layout{m_layout_panel};
     WTLControls::CGTDCalendar m_calendar;
