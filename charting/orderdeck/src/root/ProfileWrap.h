@@ -72,7 +72,7 @@ private:
     CString m_sPluginName;
     CString m_sName;
     // Nothing reads it; the layout of the object keeps it on purpose.
-    LONG m_eReserved = 2;
+    [[maybe_unused]] LONG m_eReserved = 2;
 };
 
 }  // namespace OV_OrderDeck

@@ -49,7 +49,7 @@ std::vector<CString> texts_of(SAFEARRAY* array) {
     std::vector<CString> result;
     each(array, [&](LONG index) {
         _bstr_t text;
-        check(SafeArrayGetElement(array, &index, text.GetAddress()));
+        check(SafeArrayGetElement(array, &index, static_cast<void*>(text.GetAddress())));
         result.push_back(platform::text_of(text));
     });
     return result;
