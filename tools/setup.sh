@@ -23,4 +23,5 @@ echo "installing: ${missing[*]}"
 as_root=()
 [ "$(id -u)" = 0 ] || as_root=(sudo)
 "${as_root[@]}" apt-get update -qq
-"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}"
+# With what the packages recommend: Wine draws text and cursors through libraries that it only recommends.
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq "${missing[@]}"
