@@ -6,77 +6,14 @@
 
 #include "charting/orderdeck/src/root/GlobalData.h"
 #include "tests/window/bar_fixture.h"
+#include "tests/window/hot_keys_fixture.h"
+#include "tests/window/menu_user.h"
 
 namespace {
 
 using namespace OV_OrderDeck;
-
-struct menu_line {
-    UINT id;
-    CString text;
-    bool usable;
-    bool operator==(const menu_line&) const = default;
-};
-
-std::vector<menu_line> lines_of(HMENU menu) {
-    std::vector<menu_line> result;
-    for (int i = 0; i < GetMenuItemCount(menu); ++i) {
-        wchar_t text[200] = {};
-        MENUITEMINFOW item = {};
-        item.cbSize = sizeof(item);
-        item.fMask = MIIM_ID | MIIM_STATE | MIIM_STRING;
-        item.dwTypeData = text;
-        item.cch = 200;
-        GetMenuItemInfoW(menu, static_cast<UINT>(i), TRUE, &item);
-        result.push_back({item.wID, text, (item.fState & MFS_DISABLED) == 0});
-    }
-    return result;
-}
-
-// Waits for a popup menu of this thread, notes its lines, and presses keys in it. The menu's own loop
-// serves the timer.
-class menu_user {
-public:
-    static void press(std::vector<WPARAM> keys) {
-        s_keys = std::move(keys);
-        s_lines.clear();
-        s_seen = 0;
-        s_deadline = GetTickCount64() + 20000;
-        s_timer = SetTimer(nullptr, 0, 20, &menu_user::look);
-    }
-    static const std::vector<menu_line>& lines() { return s_lines; }
-    static int seen() { return s_seen; }
-    // When no menu came.
-    static void give_up() { KillTimer(nullptr, s_timer); }
-
-private:
-    static void CALLBACK look(HWND, UINT, UINT_PTR timer, DWORD) {
-        GUITHREADINFO info = {};
-        info.cbSize = sizeof(info);
-        const HWND menu_window = FindWindowW(MAKEINTRESOURCEW(32768), nullptr);
-        if (!GetGUIThreadInfo(GetCurrentThreadId(), &info) || (info.flags & GUI_INMENUMODE) == 0 ||
-            menu_window == nullptr) {
-            if (GetTickCount64() > s_deadline) {
-                KillTimer(nullptr, timer);
-                EndMenu();
-            }
-            return;
-        }
-        KillTimer(nullptr, timer);
-        ++s_seen;
-        constexpr UINT get_menu = 0x1E1;
-        s_lines = lines_of(reinterpret_cast<HMENU>(SendMessageW(menu_window, get_menu, 0, 0)));
-        for (const WPARAM key : s_keys) {
-            PostMessageW(info.hwndMenuOwner, WM_KEYDOWN, key, 1);
-        }
-    }
-
-    inline static std::vector<WPARAM> s_keys;
-    inline static std::vector<menu_line> s_lines;
-    inline static int s_seen = 0;
-    inline static UINT_PTR s_timer = 0;
-    inline static ULONGLONG s_deadline = 0;
-};
+using window_tests::menu_line;
+using window_tests::menu_user;
 
 class ProfileMenu : public window_tests::bar_test {
 protected:
@@ -139,6 +76,20 @@ TEST_F(ProfileMenu, ComesWithARightClickOnATabWhichItSelects) {
     EXPECT_EQ(bar->get_CurTab(), second);
     EXPECT_EQ(menu_user::lines().at(0).text, L"連線 Beta");
     EXPECT_EQ(host.count("SymbolMapping.ShowDialog("), 1);
+}
+
+TEST_F(ProfileMenu, ShowsTheKeysOfTheHostBehindItsLinesOnBothWindows) {
+    add(L"Alpha");
+    const window_tests::hot_keys keys;
+    keys.told().bind(10, L"Show Symbol Mapping", 6u << 16 | 'M');
+    menu_user::press({VK_ESCAPE});
+    right_click(tab_centre(0));
+    EXPECT_EQ(menu_user::lines().at(0).text, L"連線 Alpha");
+    EXPECT_EQ(menu_user::lines().at(2).text, L"商品轉換...\tCtrl + Alt + M");
+    menu_user::press({VK_ESCAPE});
+    SendMessageW(panel(), WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(5, 5));
+    EXPECT_EQ(menu_user::lines().at(2).text, L"商品轉換...\tCtrl + Alt + M");
+    EXPECT_TRUE(asserted().empty());
 }
 
 TEST_F(ProfileMenu, DoesNotComeBesideTheTabs) {

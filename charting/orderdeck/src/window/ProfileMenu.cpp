@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "charting/orderdeck/src/root/GlobalData.h"
+#include "charting/orderdeck/src/window/AddHotKeysToMenu.h"
 #include "diagnostics/BugSlayerUtil.h"
 
 namespace OV_OrderDeck {
@@ -54,6 +55,7 @@ void run_profile_menu(HWND owner, POINT at, const com_ptr<CProfileWrap>& profile
     for (const UINT kind : {eODC_ToggleConnect, eODC_EditProfile, eODC_SymbolMapping}) {
         details::_append_menu_item(kind, profile, menu.get(), commands);
     }
+    AddHotKeysToMenu(menu.get(), &CommandIdFromMenuId);
     const int chosen =
         ::TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY, at.x, at.y, 0, owner, nullptr);
     const auto command = commands.find(static_cast<UINT>(chosen));
