@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "platform/registry.h"
+#include "tests/support/failing_registry.h"
 #include "tests/window/bar_fixture.h"
 
 namespace {
@@ -58,6 +59,23 @@ TEST_F(BarPersist, AMissingKeyIsReportedWhenWriting) {
     bar->Serialize(path + L" absent");
     EXPECT_EQ(asserted(),
               std::vector<std::wstring>{L"key.Open(HKEY_CURRENT_USER, szSubKey) == ERROR_SUCCESS"});
+}
+
+TEST_F(BarPersist, ANameThatCannotBeWrittenIsReported) {
+    add(L"A");
+    failing_registry registry;
+    registry.fail("set_value", ERROR_ACCESS_DENIED);
+    bar->Serialize(path);
+    EXPECT_EQ(asserted(), std::vector<std::wstring>{L"lRes == 0L"});
+}
+
+TEST_F(BarPersist, TheKeyIsOpenedForReadingAndWritingBothTimes) {
+    add(L"A");
+    failing_registry registry;
+    bar->Serialize(path);
+    bar->Deserialize(path);
+    const CString opened = L"open_key " + path + L" 2001f";
+    EXPECT_EQ(std::count(registry.calls().begin(), registry.calls().end(), opened), 2);
 }
 
 TEST_F(BarPersist, TheStoredTabIsSelectedWithItsFields) {
