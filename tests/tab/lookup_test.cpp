@@ -118,7 +118,7 @@ TEST_F(symbol_control, that_the_service_does_not_start_is_raised_and_tried_again
 // Says that it has every interface and gives none.
 class hollow_service : public platform::com_root<IOD_LookupFilter> {
 public:
-    STDMETHODIMP IsFiltered(OD_SSymbolInfo*, VARIANT_BOOL*) override { return E_NOTIMPL; }
+    STDMETHODIMP IsFiltered(BSTR, BSTR, LONG, BSTR, VARIANT_BOOL*) override { return E_NOTIMPL; }
 
 protected:
     HRESULT internal_query(REFIID iid, void** out) {
