@@ -61,11 +61,12 @@ HRESULT manual_trading::SetSymbol(SManualSymbol* pSymbol, BSTR sDataFeed) noexce
             return E_POINTER;
         }
         const std::string name = bstr_text(pSymbol->Name);
-        const instrument* found = find_instrument(name);
+        const std::string feed = bstr_text(sDataFeed);
+        const std::string exchange = bstr_text(pSymbol->Exchange);
+        const instrument* found = m_desk.find({name, feed, exchange, pSymbol->Category});
         m_session->instrument_id = found == nullptr ? 0 : found->id;
-        m_desk.on_event(
-            m_session->name + ": " +
-            (name.empty() ? std::string("no symbol") : "symbol " + name + ", feed " + bstr_text(sDataFeed)));
+        m_desk.on_event(m_session->name + ": " +
+                        (name.empty() ? std::string("no symbol") : "symbol " + name + ", feed " + feed));
         m_session->on_symbol();
         return found == nullptr && !name.empty() ? E_INVALIDARG : S_OK;
     });

@@ -6,7 +6,7 @@ namespace host {
 
 void fill_symbol(const instrument& one, OD_SSymbolInfo& out) {
     out.id = one.id;
-    out.DataFeed = to_bstr(data_feed);
+    out.DataFeed = to_bstr(one.feed);
     out.Name = to_bstr(one.name);
     out.Root = to_bstr(one.root);
     out.Description = to_bstr(one.description);

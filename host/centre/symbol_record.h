@@ -3,14 +3,9 @@
 
 #include <OrderDeck.h>
 
-#include <string_view>
-
 #include "market/instruments.h"
 
 namespace host {
-
-// The one data feed of this application.
-inline constexpr std::string_view data_feed = "OrderDeck Quotes";
 
 // Fills a record of zeros; its texts become the caller's.
 void fill_symbol(const instrument& one, OD_SSymbolInfo& out);

@@ -1,7 +1,5 @@
 #include "market/desk.h"
 
-#include <utility>
-
 #include "market/price_text.h"
 
 namespace host {
@@ -10,10 +8,22 @@ desk::desk(const options& settings, std::function<double()> now)
     : m_now(std::move(now)),
       m_feed(settings.seed, settings.frozen_quotes),
       m_exchange(m_now, [this](const order& one) { on_order(one); }),
-      m_log(settings.order_log) {
+      m_log(settings.order_log),
+      m_known({instruments().begin(), instruments().end()}) {
     for (const instrument& one : instruments()) {
         m_exchange.on_quote(one.id, m_feed.get(one.id));
     }
+}
+
+const instrument* desk::find(const symbol_key& key) {
+    const instrument* found = m_known.find(key);
+    if (found == nullptr) {
+        return nullptr;
+    }
+    const instrument& traded = adopt_instrument(*found);
+    m_feed.add(traded);
+    m_exchange.on_quote(traded.id, m_feed.get(traded.id));
+    return &traded;
 }
 
 const order& desk::place(const order_request& request, const std::vector<std::string>& accounts) {

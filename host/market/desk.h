@@ -3,11 +3,13 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "market/exchange.h"
 #include "market/order_log.h"
 #include "market/quotes.h"
+#include "market/symbol_store.h"
 #include "options.h"
 
 namespace host {
@@ -31,6 +33,13 @@ public:
     }
     double now() const { return m_now(); }
 
+    // Every instrument that may be asked for beyond those that are traded already.
+    void use(symbol_store known) { m_known = std::move(known); }
+    const symbol_store& known() const { return m_known; }
+
+    // The instrument that the key names, or null. One that was not traded so far is from now on.
+    const instrument* find(const symbol_key& key);
+
     // Writes the order down before anything judges it, then takes it to the exchange. The result is
     // valid until the next order.
     const order& place(const order_request& request, const std::vector<std::string>& accounts);
@@ -48,6 +57,7 @@ private:
     quote_feed m_feed;
     exchange m_exchange;
     order_log m_log;
+    symbol_store m_known;
 };
 
 // "Buy 3 ESZ6 Limit 6021 1/4 DAY", for people.

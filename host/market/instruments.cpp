@@ -1,6 +1,7 @@
 #include "market/instruments.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 
 #include "market/price_text.h"
@@ -9,6 +10,7 @@ namespace host {
 namespace {
 
 using enum instrument_kind;
+using namespace std::string_view_literals;
 
 // OLE dates of the third Friday and the last trading days used below.
 constexpr double december_18_2026 = 46374.0;
@@ -16,7 +18,7 @@ constexpr double march_19_2027 = 46465.0;
 constexpr double december_16_2026 = 46372.0;
 constexpr double december_21_2026 = 46377.0;
 
-std::vector<instrument> make_list() {
+std::deque<instrument> make_list() {
     return {
         {1, stock, "2330", "2330", "台積電", "TWSE", "Asia/Taipei", "TWD", 0, 5, 1.0, 1085.0},
         {2, stock, "0050", "0050", "元大台灣50", "TWSE", "Asia/Taipei", "TWD", 2, 5, 1.0, 62.35},
@@ -53,15 +55,24 @@ bool same_letter(char a, char b) {
     return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
 }
 
+std::deque<instrument>& traded() {
+    static std::deque<instrument> list = make_list();
+    return list;
+}
+
 }  // namespace
 
 double instrument::tick() const {
     return scale_step(scale) * min_move;
 }
 
-const std::vector<instrument>& instruments() {
-    static const std::vector<instrument> list = make_list();
-    return list;
+const std::deque<instrument>& instruments() {
+    return traded();
+}
+
+const instrument& adopt_instrument(const instrument& one) {
+    const instrument* known = find_instrument(one.id);
+    return known != nullptr ? *known : traded().emplace_back(one);
 }
 
 const instrument* find_instrument(int id) {
@@ -72,9 +83,13 @@ const instrument* find_instrument(int id) {
 
 const instrument* find_instrument(std::string_view name) {
     const auto& list = instruments();
-    const auto found = std::ranges::find_if(
-        list, [&](const instrument& one) { return std::ranges::equal(one.name, name, same_letter); });
+    const auto found =
+        std::ranges::find_if(list, [&](const instrument& one) { return same_name(one.name, name); });
     return found == list.end() ? nullptr : &*found;
+}
+
+bool same_name(std::string_view a, std::string_view b) {
+    return std::ranges::equal(a, b, same_letter);
 }
 
 std::string_view kind_text(instrument_kind kind) {
@@ -87,12 +102,17 @@ std::string_view kind_text(instrument_kind kind) {
             return "Option";
         case currency:
             return "Currency";
+        case basket:
+            return "Basket";
     }
     return "";
 }
 
 int currency_code(std::string_view currency) {
-    return currency == "USD" ? 1 : currency == "TWD" ? 2 : 0;
+    constexpr std::array codes{"USD"sv, "TWD"sv, "EUR"sv, "GBP"sv, "JPY"sv, "CHF"sv, "CAD"sv,
+                               "AUD"sv, "NZD"sv, "SEK"sv, "NOK"sv, "HKD"sv, "SGD"sv};
+    const auto found = std::ranges::find(codes, currency);
+    return found == codes.end() ? 0 : static_cast<int>(found - codes.begin()) + 1;
 }
 
 }  // namespace host

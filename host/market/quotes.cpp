@@ -8,6 +8,12 @@ namespace host {
 
 quote_feed::quote_feed(unsigned seed, bool frozen) : m_random(seed), m_frozen(frozen) {
     for (const instrument& one : instruments()) {
+        add(one);
+    }
+}
+
+void quote_feed::add(const instrument& one) {
+    if (!m_quotes.contains(one.id)) {
         m_quotes[one.id] = around(one, to_ticks(one.first_price, one.tick()), 1);
     }
 }
@@ -17,7 +23,10 @@ void quote_feed::tick() {
         return;
     }
     for (const instrument& one : instruments()) {
-        move(one, m_quotes[one.id]);
+        const auto found = m_quotes.find(one.id);
+        if (found != m_quotes.end()) {
+            move(one, found->second);
+        }
     }
 }
 

@@ -23,6 +23,9 @@ public:
     // A frozen feed never moves.
     quote_feed(unsigned seed, bool frozen);
 
+    // Begins the walk of an instrument that joined the list; nothing for one that walks already.
+    void add(const instrument& one);
+
     // One step of time. Nothing changes in a frozen feed.
     void tick();
 

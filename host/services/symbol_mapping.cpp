@@ -1,7 +1,7 @@
 #include "services/symbol_mapping.h"
 
-#include "centre/symbol_record.h"
 #include "com/text.h"
+#include "market/instruments.h"
 
 namespace host {
 

@@ -3,8 +3,8 @@
 #include <windows.h>
 
 #include "centre/profiles.h"
-#include "centre/symbol_record.h"
 #include "com/text.h"
+#include "market/instruments.h"
 
 namespace host {
 namespace {

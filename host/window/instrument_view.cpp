@@ -25,11 +25,6 @@ instrument_view::instrument_view(HWND parent, int id, const desk& paper)
               {"Ask", 76, true},
               {"Size", 42, true}}),
       m_desk(paper) {
-    int index = 0;
-    for (const instrument& one : instruments()) {
-        m_list.insert(index++, one.id);
-        m_moves[one.id].last = m_desk.get_quote(one.id);
-    }
     refresh();
 }
 
@@ -37,7 +32,12 @@ void instrument_view::refresh() {
     int index = 0;
     for (const instrument& one : instruments()) {
         const quote& value = m_desk.get_quote(one.id);
-        moves& last = m_moves[one.id];
+        const auto [known, is_new] = m_moves.try_emplace(one.id);
+        moves& last = known->second;
+        if (is_new) {
+            m_list.insert(index, one.id);
+            last.last = value;
+        }
         const moves next{value, direction(last.last.bid, value.bid, last.bid),
                          direction(last.last.ask, value.ask, last.ask)};
         const bool recoloured = next.bid != last.bid || next.ask != last.ask;

@@ -16,7 +16,7 @@ public:
     // The id of the selected instrument, or 0.
     int selected() const { return m_list.selected(); }
 
-    // Shows the quotes as they stand now.
+    // Shows the quotes as they stand now, and instruments that joined since at the end.
     void refresh();
 
     // Colours a bid or an ask by its last move; the result of NM_CUSTOMDRAW.

@@ -33,7 +33,7 @@ protected:
         const bstr text(name);
         SManualSymbol symbol{};
         symbol.Name = text;
-        return trading(one)->SetSymbol(&symbol, bstr("feed"));
+        return trading(one)->SetSymbol(&symbol, bstr(data_feed));
     }
 
     HRESULT place(profile& one, LONG quantity) {
