@@ -132,7 +132,7 @@ TEST_F(CloseTest, AProfileWithNothingToRememberIsNotRecorded) {
 TEST_F(CloseTest, TheBarSerializesItselfFirst) {
     fill();
     EXPECT_EQ(root->OnClose(), S_OK);
-    EXPECT_THAT(take_calls("Bar."), ElementsAre("Bar.Serialize()"));
+    EXPECT_THAT(take_calls("Bar."), ElementsAre("Bar.Serialize(" + test::quoted(path_of_records()) + ")"));
 }
 
 TEST_F(CloseTest, WhatIsRememberedIsRestoredByTheMessageLoopConnectionFirst) {
@@ -143,7 +143,7 @@ TEST_F(CloseTest, WhatIsRememberedIsRestoredByTheMessageLoopConnectionFirst) {
     EXPECT_EQ(host.count("Center.Prepare"), 0);
     run_loop();
     EXPECT_EQ(host.count("Center.Prepare(-1)"), 1);
-    EXPECT_EQ(host.count("Bar.Deserialize()"), 1);
+    EXPECT_EQ(host.count("Bar.Deserialize("), 1);
     EXPECT_EQ(host.count("Profile(\"Alpha\").Connect()"), 1);
     EXPECT_THAT(tab_names(), ElementsAre(L"Alpha"));
 }

@@ -75,14 +75,6 @@ void fake_bar::Teardown() {
     m_tabs.clear();
 }
 
-void fake_bar::Serialize(const CString&) {
-    record("Serialize");
-}
-
-void fake_bar::Deserialize(const CString&) {
-    record("Deserialize");
-}
-
 }  // namespace test
 
 namespace OV_OrderDeck {
@@ -92,7 +84,11 @@ boost::shared_ptr<ITabCtrl> make_bar_window(HWND, IBarOwner& owner) {
     if (factory.failure != S_OK) {
         _com_issue_error(factory.failure);
     }
-    factory.last = boost::make_shared<test::fake_bar>(factory.host, factory.window, owner);
+    if (factory.remembers) {
+        factory.last = boost::make_shared<test::remembering_bar>(factory.host, factory.window, owner);
+    } else {
+        factory.last = boost::make_shared<test::fake_bar>(factory.host, factory.window, owner);
+    }
     return factory.last;
 }
 

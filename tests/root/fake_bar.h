@@ -9,7 +9,7 @@ namespace test {
 
 // A bar without a window: keeps tabs under real ids and records every call from root and tabs as
 // `Bar.AddTab("Alpha", silent)`. Updates and focus calls of tabs are recorded only when asked for.
-class fake_bar : public OV_OrderDeck::ITabCtrl, public OV_OrderDeck::IPersist {
+class fake_bar : public OV_OrderDeck::ITabCtrl {
 public:
     fake_bar(fake_host host, HWND window, OV_OrderDeck::IBarOwner& its_owner)
         : owner(its_owner), m_host(std::move(host)), m_window(window) {}
@@ -34,16 +34,24 @@ public:
     void Update(LONG id, unsigned mask) override;
     void SetFocus(LONG id, OV_OrderDeck::OD_UpdateEntity entity) override;
     void Teardown() override;
-    void Serialize(const CString& path) override;
-    void Deserialize(const CString& path) override;
 
-private:
+protected:
     void record(const std::string& operation, const std::string& arguments = {}) const;
 
+private:
     fake_host m_host;
     HWND m_window;
     OV_OrderDeck::tab_infos m_tabs;
     LONG m_next_id = 1;
+};
+
+// One that is asked what it remembers.
+class remembering_bar : public fake_bar, public OV_OrderDeck::IPersist {
+public:
+    using fake_bar::fake_bar;
+
+    void Serialize(const CString& path) override { record("Serialize", quoted(path)); }
+    void Deserialize(const CString& path) override { record("Deserialize", quoted(path)); }
 };
 
 // What make_bar_window of this test program does. Set by the fixture.
@@ -52,6 +60,7 @@ struct bar_factory {
     HWND window = nullptr;
     // Raised instead of making a bar unless it is S_OK.
     HRESULT failure = S_OK;
+    bool remembers = true;
     boost::shared_ptr<fake_bar> last;
 };
 

@@ -8,7 +8,7 @@
 
 namespace test {
 
-root_test::root_test() {
+root_host::root_host() {
     parent = desktop.make_window(L"host");
     bar_window = desktop.make_window();
     center = platform::make_com<FakeTradingCenter>(host);
@@ -17,41 +17,44 @@ root_test::root_test() {
     factory.host = host;
     factory.window = bar_window;
     the_bar_factory = &factory;
-    forget_records();
     root = platform::make_com<OV_OrderDeck::COrderDeckObj>();
+}
+
+root_host::~root_host() {
+    root->Destroy();
+    root.reset();
+    factory.last.reset();
+    the_bar_factory = nullptr;
 }
 
 root_test::~root_test() {
     root->Destroy();
-    root.reset();
-    factory.last.reset();
     forget_records();
-    the_bar_factory = nullptr;
 }
 
-HRESULT root_test::create(IUnknown* service) {
+HRESULT root_host::create(IUnknown* service) {
     HWND window = nullptr;
     return root->Create(parent, service, &window);
 }
 
-void root_test::run_loop() {
+void root_host::run_loop() {
     MSG message;
     while (platform::peek_message(message)) {
         platform::dispatch_message(message);
     }
 }
 
-std::vector<std::string> root_test::take_calls(const std::string& part) {
+std::vector<std::string> root_host::take_calls(const std::string& part) {
     std::vector<std::string> calls = host.take();
     std::erase_if(calls, [&](const std::string& call) { return call.find(part) == std::string::npos; });
     return calls;
 }
 
-com_ptr<FakeProfile> root_test::add_profile(const CString& name) {
+com_ptr<FakeProfile> root_host::add_profile(const CString& name) {
     return center->profiles->add(name);
 }
 
-std::vector<std::string> root_test::take_assertions() {
+std::vector<std::string> root_host::take_assertions() {
     std::vector<std::string> texts;
     for (const reported_assertion& assertion : reports.assertions()) {
         texts.push_back(narrow(assertion.description));
@@ -60,13 +63,13 @@ std::vector<std::string> root_test::take_assertions() {
     return texts;
 }
 
-CString root_test::status_line() {
+CString root_host::status_line() {
     _bstr_t text;
     EXPECT_EQ(root->get_StatusLineString(text.GetAddress()), S_OK);
     return platform::text_of(text);
 }
 
-std::vector<CString> root_test::tab_names() {
+std::vector<CString> root_host::tab_names() {
     std::vector<CString> names;
     for (const auto& [id, tab] : bar().get_TabInfos()) {
         CString name;
@@ -76,11 +79,11 @@ std::vector<CString> root_test::tab_names() {
     return names;
 }
 
-CString root_test::path_of_records() {
+CString root_host::path_of_records() {
     return Unicomp::settings_root() + L"\\Order Deck";
 }
 
-void root_test::forget_records() {
+void root_host::forget_records() {
     platform::registry_key::DeleteTree(HKEY_CURRENT_USER, path_of_records());
 }
 

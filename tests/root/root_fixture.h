@@ -14,11 +14,13 @@
 
 namespace test {
 
-// A root object in a recording host with an empty collection of profiles, and nothing remembered.
-class root_test : public testing::Test {
-protected:
-    root_test();
-    ~root_test() override;
+// A root object in a recording host with an empty collection of profiles. What is remembered stays.
+class root_host {
+public:
+    root_host();
+    ~root_host();
+    root_host(const root_host&) = delete;
+    root_host& operator=(const root_host&) = delete;
 
     // The host's window and the bar's.
     HWND parent = nullptr;
@@ -46,6 +48,13 @@ protected:
     std::unique_ptr<fake_class> center_class;
     bar_factory factory;
     com_ptr<OV_OrderDeck::COrderDeckObj> root;
+};
+
+// A test with such a host and nothing remembered.
+class root_test : public testing::Test, protected root_host {
+protected:
+    root_test() { forget_records(); }
+    ~root_test() override;
 };
 
 }  // namespace test

@@ -1,6 +1,7 @@
 // The system's registry with a record of what is done to it, in which chosen operations fail.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -18,6 +19,9 @@ public:
         m_failures[operation] = {result, first, first + times};
         m_counts[operation] = 0;
     }
+
+    // Runs before each operation that changes the registry; a process may end in it.
+    std::function<void()> before_change;
 
     // The operations in their order, such as L"open_key SOFTWARE\x 2001f" and L"set_value name".
     const std::vector<std::wstring>& calls() const { return m_calls; }
@@ -77,6 +81,11 @@ private:
     LONG run(const std::string& name, const CString& argument, Operation&& operation) {
         CString call(name.begin(), name.end());
         m_calls.push_back(argument.empty() ? call : call + L" " + argument);
+        const bool changes =
+            name == "create_key" || name == "set_value" || name == "delete_value" || name == "delete_tree";
+        if (changes && before_change) {
+            before_change();
+        }
         const auto found = m_failures.find(name);
         if (found != m_failures.end()) {
             const int count = ++m_counts[name];

@@ -111,7 +111,9 @@ void COrderDeckObj::_serialize_impl(const remembered_profiles& records) {
     _serialize_tab_ctrl(path);
     const CString sProfilesFullPath = path + ProfilesKey;
     const LONG deleted = registry_key::DeleteTree(HKEY_CURRENT_USER, sProfilesFullPath);
-    BS_REQUIRE(deleted == ERROR_SUCCESS || deleted == ERROR_FILE_NOT_FOUND, E_FAIL);
+    if (!BS_ASSERT(deleted == ERROR_SUCCESS || deleted == ERROR_FILE_NOT_FOUND)) {
+        _com_issue_error(E_FAIL);
+    }
     registry_key key;
     if (!BS_ASSERT(key.Create(HKEY_CURRENT_USER, sProfilesFullPath) == ERROR_SUCCESS)) {
         return;
