@@ -1,0 +1,85 @@
+#include "tests/monkey/action.h"
+
+#include <array>
+
+namespace monkey {
+
+namespace {
+
+struct habit {
+    const char* name;
+    // How often, beside the others.
+    int weight;
+};
+
+constexpr std::array<habit, act_count> habits = {{
+    {"select_type", 30},
+    {"select_time", 14},
+    {"select_account", 10},
+    {"type_quantity", 12},
+    {"type_first_price", 18},
+    {"type_second_price", 18},
+    {"spin_first_price", 12},
+    {"spin_second_price", 12},
+    {"pick_ask", 10},
+    {"pick_bid", 6},
+    {"buy", 20},
+    {"sell", 16},
+    {"type_symbol", 24},
+    {"leave_symbol", 8},
+    {"symbol_dialog", 8},
+    {"pick_date", 8},
+    {"switch_tab", 16},
+    {"quote", 24},
+    {"state", 22},
+    {"silent_state", 3},
+    {"change_accounts", 4},
+    {"change_times", 4},
+    {"add_profile", 5},
+    {"remove_profile", 3},
+    {"rename_profile", 5},
+    {"move_profile", 1},
+    {"reload_start", 1},
+    {"reload_complete", 2},
+    {"delete_all", 1},
+    {"break_call", 3},
+    {"mend_calls", 3},
+    {"drive_symbol", 12},
+    {"drive_symbol_id", 4},
+    {"drive_account", 5},
+    {"drive_active", 8},
+    {"pass_time", 2},
+    {"rest", 6},
+}};
+
+}  // namespace
+
+action random_action(std::mt19937& random) {
+    std::array<int, act_count> weights{};
+    for (std::size_t i = 0; i < weights.size(); ++i) {
+        weights[i] = habits[i].weight;
+    }
+    // Drawn by hand: what the library's distributions draw is left to the library, and a seed has to mean
+    // the same sequence on every system.
+    int total = 0;
+    for (const int weight : weights) {
+        total += weight;
+    }
+    const auto draw = [&](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
+    int left = draw(total);
+    int what = 0;
+    while (left >= weights[static_cast<std::size_t>(what)]) {
+        left -= weights[static_cast<std::size_t>(what++)];
+    }
+    const int who = draw(60);
+    const int which = draw(10080);
+    return {static_cast<act>(what), who, which, draw(2) == 1};
+}
+
+std::string text_of(const action& told) {
+    return std::string("{act::") + habits[static_cast<std::size_t>(told.what)].name + ", " +
+           std::to_string(told.who) + ", " + std::to_string(told.which) + ", " +
+           (told.yes ? "true" : "false") + "}";
+}
+
+}  // namespace monkey

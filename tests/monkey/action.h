@@ -1,0 +1,72 @@
+// One thing that the user or the host does.
+#pragma once
+
+#include <random>
+#include <string>
+#include <vector>
+
+namespace monkey {
+
+enum class act {
+    // The user, on the current tab.
+    select_type,
+    select_time,
+    select_account,
+    type_quantity,
+    type_first_price,
+    type_second_price,
+    spin_first_price,
+    spin_second_price,
+    pick_ask,
+    pick_bid,
+    buy,
+    sell,
+    type_symbol,
+    leave_symbol,
+    symbol_dialog,
+    pick_date,
+    switch_tab,
+    // The host.
+    quote,
+    state,
+    silent_state,
+    change_accounts,
+    change_times,
+    add_profile,
+    remove_profile,
+    rename_profile,
+    move_profile,
+    reload_start,
+    reload_complete,
+    delete_all,
+    break_call,
+    mend_calls,
+    drive_symbol,
+    drive_symbol_id,
+    drive_account,
+    drive_active,
+    pass_time,
+    // The monkey does nothing until the screen is at rest.
+    rest
+};
+inline constexpr int act_count = static_cast<int>(act::rest) + 1;
+
+struct action {
+    act what = act::rest;
+    // A profile or a tab; any number.
+    int who = 0;
+    // A place in one of the world's lists; any number.
+    int which = 0;
+    // The user says yes to a question.
+    bool yes = false;
+
+    bool operator==(const action&) const = default;
+};
+
+using sequence = std::vector<action>;
+
+action random_action(std::mt19937& random);
+// As a line of C++, `{act::buy, 0, 3, false}`, which may be pasted into a test.
+std::string text_of(const action& told);
+
+}  // namespace monkey

@@ -1,0 +1,76 @@
+// The whole bar as a user and a host understand it: the tabs that follow the host's profiles, and the events
+// of the host. What the user does on the tab that he sees depends on how he does it; see the derived models.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/monkey/action.h"
+#include "tests/monkey/row_model.h"
+
+namespace monkey {
+
+class bar_model {
+public:
+    bar_model() = default;
+    virtual ~bar_model() = default;
+    bar_model(const bar_model&) = delete;
+    bar_model& operator=(const bar_model&) = delete;
+
+    // The bar in a host that has the first two profiles; nothing of it is expected.
+    void start();
+    // What the action has to bring about.
+    outcome perform(const action& done);
+    // What has to be seen now.
+    virtual view seen() const = 0;
+
+    const host_model& host() const { return m_host; }
+    // The tab on which the user acts, null for none.
+    const row_model* current() const { return find(current_id()); }
+
+protected:
+    using rows = std::vector<std::unique_ptr<row_model>>;
+
+    virtual void user(row_model& row, const action& done) = 0;
+    virtual void show_tab(const action& done) = 0;
+    virtual LONG current_id() const = 0;
+    // What the root and the rows tell the bar.
+    virtual void update(const row_model& row, unsigned mask) = 0;
+    virtual void focus(const row_model& row, bit field) = 0;
+    virtual void added(const row_model& row, bool silent) = 0;
+    // The row is still there.
+    virtual void removed(const row_model& row) = 0;
+    virtual void removed_all() = 0;
+    virtual void drive_to(LONG id) = 0;
+
+    row_model* find(LONG id) const;
+    const rows& all() const { return m_rows; }
+    outcome& out() { return m_out; }
+    host_model& the_host() { return m_host; }
+    view status() const;
+
+private:
+    void dispatch(const action& done);
+    void host_event(const action& done);
+    void collection_event(const action& done);
+    void drive(const action& done);
+    void add(int profile, bool silent);
+    void remove(int profile);
+    void remove_all();
+    void reload();
+    // The row of a profile that the root knows, null for none.
+    row_model* row_of(int profile) const;
+
+    host_model m_host;
+    outcome m_out;
+    // In the order of their ids.
+    rows m_rows;
+    // The ids of the rows that the root knows, by profile.
+    std::map<int, LONG> m_tags;
+    bool m_reloading = false;
+    LONG m_next_id = 1;
+};
+
+}  // namespace monkey

@@ -1,0 +1,40 @@
+// The host as the model sees it: what it would answer now.
+#pragma once
+
+#include <array>
+#include <set>
+#include <vector>
+
+#include "tests/monkey/expectation.h"
+#include "tests/monkey/world.h"
+
+namespace monkey {
+
+struct profile_model {
+    CString name;
+    LONG state = 256;
+    std::vector<CString> accounts = account_lists().front();
+    times_by_category times = time_lists().front();
+};
+
+struct host_model {
+    host_model();
+
+    std::vector<profile_model> profiles;
+    // The collection, in its order, by place in the world's list.
+    std::vector<int> listed;
+    std::set<broken> faults;
+    lookup_answer dialog;
+    bool plugin_is_supported = false;
+    // What the user answers to a question.
+    bool yes = false;
+    // Today with its time, as an OLE date.
+    double now = 46000.25;
+
+    bool fails(broken what) const { return faults.count(what) != 0; }
+    // The profile whose number an action gave.
+    static int profile_of(int who) { return who % profile_count; }
+    bool is_listed(int profile) const;
+};
+
+}  // namespace monkey

@@ -1,0 +1,109 @@
+// The fake host round a bar, and the root of the component in it.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "charting/orderdeck/interface/ITradeInfoProperties.h"
+#include "charting/orderdeck/src/root/OrderDeckObj.h"
+#include "platform/clock.h"
+#include "tests/monkey/action.h"
+#include "tests/monkey/expectation.h"
+#include "tests/monkey/world.h"
+#include "tests/support/diagnostics_recorder.h"
+#include "tests/support/fake_host.h"
+#include "tests/support/number_locale_scope.h"
+#include "tests/support/recording_desktop.h"
+
+namespace monkey {
+
+// Answers as the world tells, and with the dialog's answer to an empty text.
+class world_lookup : public test::FakeLookup {
+public:
+    explicit world_lookup(test::fake_host host) : FakeLookup(host), m_host(std::move(host)) {}
+
+    lookup_answer dialog = dialog_answers().front();
+
+    STDMETHODIMP GetSymbolInfo(BSTR sName, LONG dwFlags, OD_SSymbolInfo* pSelected, OD_SSymbolInfo* pVal,
+                               OD_LookupResult* pRes) override;
+
+private:
+    test::fake_host m_host;
+};
+
+class world_clock final : public platform::clock {
+public:
+    // Quarters of a day since 2025-12-09 06:00, which is 46000.25 as an OLE date.
+    int quarters = 0;
+
+    SYSTEMTIME local_time() override;
+    DWORD tick_count() override { return 0; }
+    double milliseconds() override { return 0.0; }
+
+private:
+    platform::port<platform::clock>::replacement m_replacement{*this};
+};
+
+class host_side {
+public:
+    host_side();
+    ~host_side();
+    host_side(const host_side&) = delete;
+    host_side& operator=(const host_side&) = delete;
+
+    // Makes the bar below the window and lets it fill itself with the first two profiles.
+    void start(HWND parent);
+    // What an action of the host comes to; the user's actions only have their answers laid ready.
+    HRESULT perform(const action& done);
+    void prepare(const action& done);
+    // What happened since the last call. Forgets it.
+    outcome take();
+    // What the root tells of its state.
+    view status() const;
+    void forget();
+
+    test::fake_host host;
+    diagnostics_recorder reports;
+    test::recording_desktop desktop;
+    com_ptr<OV_OrderDeck::COrderDeckObj> root;
+    // The tabs of the bar, which the root keeps to itself.
+    std::function<const OV_OrderDeck::tab_infos&()> tabs;
+
+private:
+    boost::shared_ptr<OV_OrderDeck::ITradeInfoProperties> tab_of(const test::FakeProfile& profile);
+    HRESULT profile_event(const action& done);
+    HRESULT collection_event(const action& done);
+    HRESULT drive(const action& done);
+    HRESULT list(const com_ptr<test::FakeProfile>& profile, bool with_null);
+    void unlist(const com_ptr<test::FakeProfile>& profile);
+    test::FakeProfiles& collection() { return *m_center->profiles; }
+
+    test::com_apartment m_apartment;
+    number_locale_scope m_conventions{english()};
+    world_clock m_clock;
+    com_ptr<test::FakeTradingCenter> m_center;
+    com_ptr<world_lookup> m_lookup;
+    test::fake_class m_center_class;
+    test::fake_class m_lookup_class;
+    // By place in the world's list, whether the collection has them or not.
+    std::vector<com_ptr<test::FakeProfile>> m_profiles;
+};
+
+// "0x80004005", empty for S_OK.
+std::string error_text(HRESULT hr);
+// Runs what may raise; gives the code of what it raised.
+template <class Action>
+HRESULT code_of(Action&& action) {
+    try {
+        action();
+    } catch (const _com_error& error) {
+        return error.Error();
+    } catch (const std::exception&) {
+        return E_UNEXPECTED;
+    }
+    return S_OK;
+}
+
+}  // namespace monkey

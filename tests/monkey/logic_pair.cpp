@@ -1,0 +1,13 @@
+#include "tests/monkey/logic_model.h"
+#include "tests/monkey/logic_subject.h"
+#include "tests/monkey/monkey_pair.h"
+
+namespace monkey {
+
+const int usual_seconds = 30;
+
+pair_maker the_pair() {
+    return {[] { return std::make_unique<logic_subject>(); }, [] { return std::make_unique<logic_model>(); }};
+}
+
+}  // namespace monkey

@@ -1,0 +1,224 @@
+#include "tests/monkey/logic_subject.h"
+
+#include <limits>
+
+#include "tests/monkey/logic_model.h"
+
+namespace monkey {
+
+using OV_OrderDeck::IAskBidCtrl;
+using OV_OrderDeck::ISymbolCtrl;
+using OV_OrderDeck::ITab;
+using OV_OrderDeck::IUnifyControl;
+using OV_OrderDeck::OD_UpdateEntity;
+
+namespace {
+
+boost::shared_ptr<IUnifyControl> field_of(ITab& tab, bit field) {
+    return tab.get_Control(static_cast<OD_UpdateEntity>(field));
+}
+
+const char* name_of(bit field) {
+    static const std::map<bit, const char*> names = {{symbol_bit, "symbol"},
+                                                     {type_bit, "type"},
+                                                     {quantity_bit, "quantity"},
+                                                     {first_price_bit, "first price"},
+                                                     {second_price_bit, "second price"},
+                                                     {account_bit, "account"},
+                                                     {time_bit, "time"},
+                                                     {date_bit, "date"},
+                                                     {quotes_bit, "quotes"},
+                                                     {buy_bit, "buy"},
+                                                     {sell_bit, "sell"}};
+    return names.at(field);
+}
+
+std::string items_of(IUnifyControl& field) {
+    std::string items;
+    for (LONG i = 0; i < field.get_Count(); ++i) {
+        CString text;
+        const LONG key = field.get_Item(i, &text);
+        items += std::to_string(key) + "=" + test::narrow(text) + " ";
+    }
+    return items + "selected " + std::to_string(field.get_SelectedItem(nullptr));
+}
+
+std::string range_of(IUnifyControl& field) {
+    double low = 0.0;
+    double high = 0.0;
+    field.get_ValueRange(&low, &high);
+    std::string text = " from " + test::number_text(low) + " to " + test::number_text(high);
+    if (low >= std::numeric_limits<double>::epsilon()) {
+        LONG first = 0;
+        LONG last = 0;
+        field.get_SpinRange(&first, &last);
+        text += " spin " + std::to_string(first) + " to " + std::to_string(last);
+    }
+    return text;
+}
+
+std::string value_of(IUnifyControl& field, bit its) {
+    if (its == type_bit || its == account_bit || its == time_bit) {
+        return items_of(field);
+    }
+    if (its == quotes_bit) {
+        auto& both = dynamic_cast<IAskBidCtrl&>(field);
+        return test::number_text(both.get_Bid()) + " " + test::number_text(both.get_Ask());
+    }
+    const _variant_t value = field.get_Value();
+    if (its == date_bit) {
+        return test::number_text(V_DATE(&value));
+    }
+    const std::string text = test::narrow(platform::text_of(V_BSTR(&value)));
+    return its == first_price_bit || its == second_price_bit ? text + range_of(field) : text;
+}
+
+std::string line_of(ITab& tab, bit its) {
+    const auto field = field_of(tab, its);
+    return std::string(name_of(its)) + ": " + value_of(*field, its) +
+           (field->get_Enabled() ? ", enabled" : ", disabled") +
+           (field->get_Hidden() ? ", hidden" : ", shown") + (field->IsEmpty() ? ", empty" : "");
+}
+
+_variant_t int_of(int value) {
+    _variant_t result;
+    V_VT(&result) = VT_INT;
+    V_INT(&result) = value;
+    return result;
+}
+
+std::vector<LONG> keys_of(IUnifyControl& field) {
+    std::vector<LONG> keys;
+    keys.reserve(static_cast<std::size_t>(field.get_Count()));
+    for (LONG i = 0; i < field.get_Count(); ++i) {
+        keys.push_back(field.get_Item(i, nullptr));
+    }
+    return keys;
+}
+
+}  // namespace
+
+logic_subject::logic_subject() {
+    m_factory.host = m_host.host;
+    m_factory.window = m_host.desktop.make_window();
+    test::the_bar_factory = &m_factory;
+    m_host.tabs = [this]() -> const OV_OrderDeck::tab_infos& { return bar().get_TabInfos(); };
+    m_host.start(m_host.desktop.make_window(L"host"));
+    bar().record_updates = true;
+}
+
+logic_subject::~logic_subject() {
+    m_host.root->Destroy();
+    test::the_bar_factory = nullptr;
+}
+
+outcome logic_subject::perform(const action& done) {
+    m_host.prepare(done);
+    HRESULT hr = S_OK;
+    if (done.what == act::switch_tab) {
+        show_tab(done.who);
+    } else if (done.what > act::switch_tab) {
+        hr = m_host.perform(done);
+    } else if (const auto tab = bar().get_CurTab()) {
+        hr = code_of([&] { user(*tab, done); });
+    }
+    outcome result = m_host.take();
+    result.error = error_text(hr);
+    return result;
+}
+
+void logic_subject::show_tab(int who) {
+    const OV_OrderDeck::tab_infos& tabs = bar().get_TabInfos();
+    if (!tabs.empty()) {
+        bar().selected = std::next(tabs.begin(), who % static_cast<int>(tabs.size()))->first;
+    }
+}
+
+void logic_subject::user(ITab& tab, const action& done) {
+    auto& quotes = dynamic_cast<IAskBidCtrl&>(*field_of(tab, quotes_bit));
+    switch (done.what) {
+        case act::select_type:
+        case act::select_time:
+        case act::select_account:
+            select(tab, done);
+            return;
+        case act::spin_first_price:
+            field_of(tab, first_price_bit)->put_Value(int_of(pick(spin_steps(), done.which)));
+            return;
+        case act::spin_second_price:
+            field_of(tab, second_price_bit)->put_Value(int_of(pick(spin_steps(), done.which)));
+            return;
+        case act::pick_ask:
+            quotes.put_Value(_variant_t(hit_price(quotes.get_Ask())));
+            return;
+        case act::pick_bid:
+            quotes.put_Value(_variant_t(hit_price(quotes.get_Bid())));
+            return;
+        case act::buy:
+            field_of(tab, buy_bit)->Select(0);
+            return;
+        case act::sell:
+            field_of(tab, sell_bit)->Select(0);
+            return;
+        case act::pick_date:
+            field_of(tab, date_bit)->put_Value(_variant_t(pick(dates(), done.which), VT_DATE));
+            return;
+        default:
+            type(tab, done);
+            return;
+    }
+}
+
+void logic_subject::select(ITab& tab, const action& done) {
+    if (done.what == act::select_type) {
+        field_of(tab, type_bit)->Select(odd_type(done.which));
+        return;
+    }
+    const auto field = field_of(tab, done.what == act::select_time ? time_bit : account_bit);
+    field->Select(odd_key(keys_of(*field), done.which));
+}
+
+void logic_subject::type(ITab& tab, const action& done) {
+    auto& symbol = dynamic_cast<ISymbolCtrl&>(*field_of(tab, symbol_bit));
+    switch (done.what) {
+        case act::type_quantity:
+            field_of(tab, quantity_bit)
+                ->put_Value(_variant_t(pick(quantity_texts(), done.which).text.c_str()));
+            return;
+        case act::type_first_price:
+            field_of(tab, first_price_bit)->put_Value(_variant_t(pick(price_texts(), done.which).c_str()));
+            return;
+        case act::type_second_price:
+            field_of(tab, second_price_bit)->put_Value(_variant_t(pick(price_texts(), done.which).c_str()));
+            return;
+        case act::type_symbol:
+            symbol.put_Value(_variant_t(pick(symbol_texts(), done.which).c_str()));
+            return;
+        case act::leave_symbol:
+            symbol.LookupByText(pick(symbol_texts(), done.which), false, true);
+            return;
+        default:
+            symbol.LookupWithDialog();
+            return;
+    }
+}
+
+view logic_subject::seen() {
+    view lines = m_host.status();
+    for (const auto& [id, tab] : bar().get_TabInfos()) {
+        const std::string head = std::to_string(id) + " ";
+        CString name;
+        tab->get_Name(name);
+        lines.push_back(head + test::narrow(name));
+        for (const bit field : all_bits()) {
+            lines.push_back(head + line_of(*tab, field));
+        }
+        const auto props = boost::dynamic_pointer_cast<OV_OrderDeck::ITradeInfoProperties>(tab);
+        lines.push_back(head + "account of the driver: " + test::narrow(props->get_Account()));
+    }
+    // Looking leaves no trace behind that would be held against the next action.
+    m_host.forget();
+    return lines;
+}
+
+}  // namespace monkey

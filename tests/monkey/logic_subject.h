@@ -1,0 +1,29 @@
+#pragma once
+
+#include "tests/monkey/host_side.h"
+#include "tests/monkey/subject.h"
+#include "tests/root/fake_bar.h"
+
+namespace monkey {
+
+// The root, the tabs and their fields, in a bar without windows.
+class logic_subject final : public subject {
+public:
+    logic_subject();
+    ~logic_subject() override;
+
+    outcome perform(const action& done) override;
+    view seen() override;
+
+private:
+    void user(OV_OrderDeck::ITab& tab, const action& done);
+    void select(OV_OrderDeck::ITab& tab, const action& done);
+    void type(OV_OrderDeck::ITab& tab, const action& done);
+    void show_tab(int who);
+    test::fake_bar& bar() { return *m_factory.last; }
+
+    host_side m_host;
+    test::bar_factory m_factory;
+};
+
+}  // namespace monkey

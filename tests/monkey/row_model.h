@@ -1,0 +1,148 @@
+// One tab as a user understands it: an independent account of the order row.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "tests/monkey/host_model.h"
+
+namespace monkey {
+
+// Bits of the fields, as masks of updates have them.
+enum bit : unsigned {
+    symbol_bit = 0x80,
+    type_bit = 0x100,
+    quantity_bit = 0x200,
+    first_price_bit = 0x400,
+    second_price_bit = 0x800,
+    account_bit = 0x1000,
+    time_bit = 0x2000,
+    date_bit = 0x4000,
+    quotes_bit = 0x8000,
+    buy_bit = 0x10000,
+    sell_bit = 0x20000
+};
+const std::vector<bit>& all_bits();
+
+// Ends an action with an error. "failed" is any.
+struct raised {
+    std::string error;
+};
+
+class row_model {
+public:
+    // What the row tells its bar.
+    struct listener {
+        std::function<void(const row_model&, unsigned mask)> update;
+        std::function<void(const row_model&, bit field)> focus;
+    };
+
+    row_model(host_model& host, outcome& out, int number_of_profile, LONG new_id);
+
+    const int profile;
+    const LONG id;
+    CString name;
+    listener bar;
+    // False for a tab whose profile took no subscription.
+    bool listens = true;
+
+    // Asks the host anew, as after a change of the profile.
+    void refresh();
+    // True when the host's answer to the event is that it was taken.
+    bool on_quote(double bid, double ask);
+    void on_state(LONG new_state);
+
+    void select_type(LONG key);
+    void select_time(LONG key);
+    void select_account(LONG key);
+    void put_quantity(const quantity_text& text);
+    void put_price(bit field, const CString& text);
+    void spin_price(bit field, int steps);
+    void pick_quote(double price);
+    void put_date(double ole_date);
+    void place_order(LONG action);
+    void lookup(const CString& text, bool ask_connect, bool quiet);
+    void lookup_by_id(LONG symbol_id);
+    void lookup_by_name(const CString& text);
+    void lookup_with_dialog();
+    void put_symbol(const test::symbol& record);
+    void put_account(const CString& account);
+
+    LONG state() const { return m_state; }
+    double ask() const { return m_ask; }
+    double bid() const { return m_bid; }
+    LONG type() const { return m_type; }
+    LONG quantity() const { return m_quantity; }
+    double date() const { return m_date; }
+    CString symbol_name() const { return m_symbol ? m_symbol->name : CString(); }
+    const std::optional<test::symbol>& symbol() const { return m_symbol; }
+    CString account() const;
+    std::vector<LONG> time_keys() const;
+    std::size_t account_count() const { return m_accounts.size(); }
+
+    bool enabled(bit field) const;
+    bool hidden(bit field) const;
+    bool empty(bit field) const;
+    // What the field shows, in words.
+    std::string value(bit field) const;
+    // Price fields: the lowest price.
+    double tick() const;
+
+private:
+    struct price {
+        double value;
+        CString text;
+    };
+
+    void query_state();
+    bool usable() const { return m_state == 768 && m_symbol.has_value(); }
+    price& price_of(bit field) { return field == first_price_bit ? m_first : m_second; }
+    const price& price_of(bit field) const { return field == first_price_bit ? m_first : m_second; }
+    LONG code() const { return m_symbol ? m_symbol->price_scale_code : 0; }
+    void set_price(price& field, double value);
+    void set_clamped(price& field, double value);
+    void clear_prices();
+    void reset_quotes();
+
+    // The host's order entry, false when the profile has none.
+    bool trading();
+    void need_trading();
+    void call(const std::string& operation);
+    void update_accounts();
+    void update_times();
+    void set_current_account();
+    void update(unsigned mask) { bar.update(*this, mask); }
+
+    void start_lookup();
+    lookup_answer ask_lookup(const CString& text, bool quiet);
+    void store(const test::symbol& record);
+    void symbol_changed();
+    void ask_connect();
+    void box(const CString& text, unsigned flags);
+    bool check_price(bit field);
+    bool check_prices();
+    CString caption(const wchar_t* verb) const;
+
+    host_model& m_host;
+    outcome& m_out;
+    LONG m_state = 256;
+    bool m_has_lookup = false;
+    std::optional<test::symbol> m_symbol;
+    LONG m_type = 1;
+    LONG m_quantity = 1;
+    price m_first;
+    price m_second;
+    std::vector<CString> m_accounts;
+    LONG m_account = -1;
+    std::map<LONG, CString> m_times;
+    LONG m_time = -1;
+    double m_date;
+    double m_ask;
+    double m_bid;
+    bool m_quoted = true;
+};
+
+}  // namespace monkey

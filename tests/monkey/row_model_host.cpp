@@ -1,0 +1,288 @@
+// What the row asks of the host.
+#include <algorithm>
+
+#include "tests/monkey/price_model.h"
+#include "tests/monkey/row_model.h"
+#include "tests/support/host_record.h"
+
+namespace monkey {
+
+namespace {
+
+CString time_text(LONG code) {
+    static const std::vector<CString> texts = {
+        L"DAY(當日有效)", L"GTC(取消前有效)", L"GTD(到期前有效)", L"IOC(立即成交否則取消)", L"FOK", L"AON"};
+    return code >= 1 && code <= 6 ? texts.at(static_cast<std::size_t>(code - 1)) : CString();
+}
+
+// Where a price without its fraction stands in a message.
+std::string whole(double value) {
+    return std::to_string(static_cast<LONG>(value));
+}
+
+}  // namespace
+
+bool row_model::trading() {
+    if (m_host.fails(broken::trading)) {
+        m_out.assertions.emplace_back("*");
+        return false;
+    }
+    return true;
+}
+
+void row_model::need_trading() {
+    if (!trading()) {
+        m_out.assertions.emplace_back("*");
+        throw raised{"0x80004003"};
+    }
+}
+
+// The fake host keeps the first name of a profile in its record.
+void row_model::call(const std::string& operation) {
+    const CString& first = profiles().at(static_cast<std::size_t>(profile)).name;
+    m_out.calls.push_back("ManualTrading(" + test::quoted(first) + ")." + operation);
+}
+
+void row_model::update_accounts() {
+    if (!trading()) {
+        m_out.assertions.emplace_back("_trad");
+        return;
+    }
+    call("GetAccounts()");
+    if (m_host.fails(broken::accounts)) {
+        m_out.assertions.emplace_back("_acc_arr");
+        return;
+    }
+    m_accounts = m_host.profiles.at(static_cast<std::size_t>(profile)).accounts;
+    if (m_account < 0 || m_account >= static_cast<LONG>(m_accounts.size())) {
+        m_account = m_accounts.empty() ? -1 : 0;
+    }
+}
+
+void row_model::update_times() {
+    if (!trading()) {
+        m_out.assertions.emplace_back("_trad");
+        return;
+    }
+    call("GetTimeInForces(" + std::to_string(m_type) + ")");
+    if (m_host.fails(broken::times)) {
+        m_out.assertions.emplace_back("_tif_arr");
+        return;
+    }
+    const std::vector<LONG>& codes =
+        m_host.profiles.at(static_cast<std::size_t>(profile)).times.at(static_cast<std::size_t>(m_type - 1));
+    m_times.clear();
+    for (const LONG each : codes) {
+        m_times[each] = time_text(each);
+    }
+    // A code is held against the number of codes: that is how it has to be.
+    if (m_time < 0 || m_time >= static_cast<LONG>(codes.size())) {
+        m_time = codes.empty() ? -1 : codes.front();
+    }
+}
+
+void row_model::set_current_account() {
+    need_trading();
+    call("SetAccount(" + test::quoted(account()) + ")");
+    if (m_host.fails(broken::set_account)) {
+        m_out.assertions.emplace_back("*");
+    }
+}
+
+void row_model::put_account(const CString& wanted) {
+    if (wanted == account()) {
+        return;
+    }
+    const auto found = std::find(m_accounts.begin(), m_accounts.end(), wanted);
+    if (found != m_accounts.end()) {
+        m_account = static_cast<LONG>(found - m_accounts.begin());
+    }
+    set_current_account();
+    update(account_bit);
+}
+
+void row_model::box(const CString& text, unsigned flags) {
+    m_out.boxes.push_back(test::narrow(text) + " flags " + std::to_string(flags));
+}
+
+bool row_model::check_price(bit field) {
+    if (!empty(field)) {
+        return true;
+    }
+    const std::string range = whole(tick()) + " 至 250000 的數值。";
+    m_out.boxes.push_back("請輸入 " + range + " flags 0");
+    bar.focus(*this, field);
+    return false;
+}
+
+bool row_model::check_prices() {
+    switch (m_type) {
+        case 2:
+            return check_price(first_price_bit);
+        case 3:
+            return check_price(second_price_bit);
+        case 4:
+            return check_price(first_price_bit) && check_price(second_price_bit);
+        default:
+            return true;
+    }
+}
+
+void row_model::place_order(LONG action) {
+    if (!check_prices()) {
+        return;
+    }
+    if (empty(quantity_bit) || empty(time_bit) || (m_time == 3 && empty(date_bit))) {
+        m_out.assertions.emplace_back("*");
+        throw raised{"0x80004005"};
+    }
+    set_current_account();
+    need_trading();
+    const auto sent = [&](bit field) {
+        return test::number_text(empty(field) ? 0.0 : price_of(field).value);
+    };
+    call("PlaceOrder(" + std::to_string(action) + ", " + std::to_string(m_type) + ", " +
+         std::to_string(m_quantity) + ", " + sent(first_price_bit) + ", " + sent(second_price_bit) + ", " +
+         std::to_string(m_time) + ", date(" + test::number_text(m_date) + "))");
+    if (m_host.fails(broken::order)) {
+        m_out.assertions.emplace_back("*");
+    }
+}
+
+void row_model::start_lookup() {
+    if (m_has_lookup) {
+        return;
+    }
+    m_out.calls.emplace_back("Class(\"LookupImpl\").CreateInstance()");
+    if (m_host.fails(broken::lookup_class)) {
+        m_out.assertions.emplace_back("*");
+        throw raised{"failed"};
+    }
+    m_out.calls.push_back("Lookup.Initialize(0, " + test::quoted(plugin_name) + ", 0, null)");
+    if (m_host.fails(broken::lookup_start)) {
+        m_out.assertions.emplace_back("*");
+        throw raised{"0x80004005"};
+    }
+    m_has_lookup = true;
+}
+
+lookup_answer row_model::ask_lookup(const CString& text, bool quiet) {
+    start_lookup();
+    const std::string present = m_symbol ? test::quoted(m_symbol->name) : "null";
+    m_out.calls.push_back("Lookup.GetSymbolInfo(" + test::quoted(text) + ", " + (quiet ? "1" : "0") + ", " +
+                          present + ")");
+    if (m_host.fails(broken::lookup)) {
+        m_out.assertions.emplace_back("*");
+        throw raised{"0x80004005"};
+    }
+    return text.empty() ? m_host.dialog : answer_to(text);
+}
+
+void row_model::lookup(const CString& text, bool asks, bool quiet) {
+    if (text.empty()) {
+        if (m_symbol) {
+            m_symbol.reset();
+            symbol_changed();
+        }
+        return;
+    }
+    const lookup_answer answer = ask_lookup(text, quiet);
+    if (answer.result == eODLR_Selected || answer.result == eODLR_NotSupported) {
+        store(answer.record);
+        if (asks) {
+            ask_connect();
+        }
+    }
+}
+
+void row_model::lookup_by_name(const CString& text) {
+    start_lookup();
+    m_out.calls.push_back("Lookup.IsPluginSupported(" + test::quoted(plugin_name) + ")");
+    if (m_host.plugin_is_supported) {
+        return;
+    }
+    if (text.empty()) {
+        m_out.assertions.emplace_back("*");
+        throw raised{"0x80004005"};
+    }
+    lookup(text, false, true);
+}
+
+void row_model::lookup_by_id(LONG symbol_id) {
+    if (symbol_id <= 0) {
+        m_out.assertions.emplace_back("*");
+        throw raised{"0x80004005"};
+    }
+    start_lookup();
+    m_out.calls.push_back("Lookup.GetSymbolInfoById(" + std::to_string(symbol_id) + ")");
+    for (const test::symbol& known : instruments()) {
+        if (known.id == symbol_id) {
+            store(known);
+            return;
+        }
+    }
+}
+
+void row_model::lookup_with_dialog() {
+    const lookup_answer answer = ask_lookup(L"", false);
+    if (answer.result == eODLR_Selected) {
+        store(answer.record);
+        ask_connect();
+    } else if (answer.result == eODLR_NotSupported) {
+        box(L"請手動輸入商品名稱。", 0);
+    }
+}
+
+void row_model::put_symbol(const test::symbol& record) {
+    if (record.data_feed.empty() || record.data_feed == own_feed) {
+        store(record);
+    }
+}
+
+void row_model::store(const test::symbol& record) {
+    if (m_symbol && m_symbol->name == record.name && m_symbol->category == record.category &&
+        m_symbol->data_feed == record.data_feed && m_symbol->exchange == record.exchange) {
+        return;
+    }
+    m_symbol = record;
+    symbol_changed();
+}
+
+void row_model::symbol_changed() {
+    if (usable()) {
+        update_accounts();
+        clear_prices();
+    }
+    reset_quotes();
+    if (trading()) {
+        call("SetSymbol(" + (m_symbol ? test::quoted(m_symbol->name) : "null") + ", " +
+             test::quoted(own_feed) + ")");
+        if (m_host.fails(broken::set_symbol)) {
+            m_out.assertions.emplace_back("*");
+        }
+    } else {
+        m_out.assertions.emplace_back("_trad");
+    }
+    update(0x3FF80);
+}
+
+void row_model::ask_connect() {
+    if (m_state == 768 || m_state == 512) {
+        return;
+    }
+    box(L"目前尚未連線至 " + name + L" 。是否建立連線?", 0x24);
+    if (!m_host.yes) {
+        return;
+    }
+    query_state();
+    if (m_state == 768 || m_state == 512) {
+        return;
+    }
+    const CString& first = profiles().at(static_cast<std::size_t>(profile)).name;
+    m_out.calls.push_back("Profile(" + test::quoted(first) + ").Connect()");
+    if (m_host.fails(broken::connect)) {
+        m_out.assertions.emplace_back("*");
+    }
+}
+
+}  // namespace monkey
