@@ -18,7 +18,9 @@ void SetLastError(DWORD error) noexcept {
 }
 
 DWORD GetCurrentThreadId() noexcept {
-    return static_cast<DWORD>(gettid());
+    // Asked for at every post; the system is asked once.
+    static thread_local const auto id = static_cast<DWORD>(gettid());
+    return id;
 }
 
 DWORD GetCurrentProcessId() noexcept {
