@@ -42,6 +42,7 @@ options parse_options(const std::vector<std::string>& arguments) {
         std::string* text = name == "--order-log"  ? &result.order_log
                             : name == "--describe" ? &result.describe
                             : name == "--dll"      ? &result.dll
+                            : name == "--settings" ? &result.settings
                                                    : nullptr;
         if (text == nullptr && name != "--seed" && name != "--size") {
             throw std::invalid_argument("Unknown option \"" + name + "\"");

@@ -13,6 +13,8 @@ struct options {
     std::string describe;
     // The component's library; empty for the registered one, or else the one beside the program.
     std::string dll;
+    // Where this application keeps its profiles and hot keys; empty for a folder of the user's own.
+    std::string settings;
     unsigned seed = 1;
     bool frozen_quotes = false;
     int width = 1440;

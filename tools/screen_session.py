@@ -9,6 +9,7 @@ asked for beside what arrived at the trading centre, and fails when they differ.
 import datetime
 import math
 import os
+import shutil
 import subprocess
 import sys
 
@@ -157,7 +158,7 @@ def close(screen):
     """Leaves by the window's close key; the host asks since orders are still live."""
     screen.key("alt+F4")
     yes = screen.wait("the question about live orders",
-                      lambda: [one for one in screen.find(**{"class": "Button"}) if one["text"] == "&Yes"])
+                      lambda: [one for one in screen.find(**{"class": "Button"}) if one["text"] == "&Disconnect"])
     screen.picture("closing")
     screen.click(yes[0]["rect"])
     code = screen.ended()
@@ -191,7 +192,9 @@ def main():
         if name.endswith(".png"):
             os.remove(os.path.join(folder, name))
     forget_earlier_sessions()
-    screen = Screen(ROOT, folder, "--frozen-quotes", "--seed", "7")
+    settings = os.path.join(folder, "settings")
+    shutil.rmtree(settings, ignore_errors=True)
+    screen = Screen(ROOT, folder, "--frozen-quotes", "--seed", "7", "--settings", settings)
     try:
         play(screen)
     except ScreenError as error:

@@ -51,7 +51,7 @@ HRESULT manual_trading::place(const order_request& request) {
         m_desk.refuse(request, m_session->name + " is not connected");
         return E_FAIL;
     }
-    m_desk.place(request, m_session->accounts);
+    m_desk.place(request, m_session->accounts, m_session->reject_percent);
     return S_OK;
 }
 

@@ -92,12 +92,13 @@ void profile::set_state(ETM_ConnectionChanged state) {
 
 HRESULT profile::ShowSettings(ULONGLONG hOwner) noexcept {
     return guarded([&] {
-        std::string text = m_session->name + "\n\nBroker: " + m_session->plugin + "\nAccounts:";
-        for (const std::string& account : m_session->accounts) {
-            text += "\n    " + account;
+        profile_record settings = *m_session;
+        if (m_show_settings(reinterpret_cast<HWND>(static_cast<ULONG_PTR>(hOwner)), settings)) {
+            m_session->accounts = settings.accounts;
+            m_session->connect_delay = settings.connect_delay;
+            m_session->reject_percent = settings.reject_percent;
+            on_change();
         }
-        text += "\nTime to connect: " + std::to_string(m_session->connect_delay) + " ms";
-        m_show_settings(reinterpret_cast<HWND>(static_cast<ULONG_PTR>(hOwner)), text);
         return S_OK;
     });
 }

@@ -14,8 +14,9 @@ namespace host {
 
 class profile : public object<ITC_TradingProfile, IConnectionPointContainer> {
 public:
-    // show_settings: shows a text to the user, modal on the owner.
-    using settings_view = std::function<void(HWND owner, const std::string& text)>;
+    // Lets the user change the settings, modal on the owner; true when they are to be kept. Name, broker
+    // and id stay.
+    using settings_view = std::function<bool(HWND owner, profile_record& settings)>;
 
     // A profile whose connection takes no time starts connected.
     profile(desk& paper, scheduler& later, settings_view show_settings, std::shared_ptr<session> shared);
@@ -39,6 +40,11 @@ public:
 
     // Tells the sinks the quote of the instrument last set; nothing without a connection or instrument.
     void push_quote();
+
+    // Hears that the settings changed.
+    std::function<void()> on_change = [] {};
+
+    void rename(const std::string& name) { m_session->name = name; }
 
     const session& shared() const { return *m_session; }
     ETM_ConnectionChanged state() const { return m_state; }

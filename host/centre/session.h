@@ -3,19 +3,12 @@
 
 #include <functional>
 #include <string>
-#include <vector>
+
+#include "centre/profile_store.h"
 
 namespace host {
 
-struct session {
-    // Never changes.
-    std::string outer_id;
-    std::string name;
-    std::string plugin;
-    std::vector<std::string> accounts;
-    // How long a connection takes.
-    unsigned connect_delay = 0;
-
+struct session : profile_record {
     bool connected = false;
     // The account last set; the next orders are for it.
     std::string account;

@@ -9,7 +9,8 @@ desk::desk(const options& settings, std::function<double()> now)
       m_feed(settings.seed, settings.frozen_quotes),
       m_exchange(m_now, [this](const order& one) { on_order(one); }),
       m_log(settings.order_log),
-      m_known({instruments().begin(), instruments().end()}) {
+      m_known({instruments().begin(), instruments().end()}),
+      m_broker(settings.seed) {
     for (const instrument& one : instruments()) {
         m_exchange.on_quote(one.id, m_feed.get(one.id));
     }
@@ -26,9 +27,11 @@ const instrument* desk::find(const symbol_key& key) {
     return &traded;
 }
 
-const order& desk::place(const order_request& request, const std::vector<std::string>& accounts) {
+const order& desk::place(const order_request& request, const std::vector<std::string>& accounts,
+                         unsigned reject_percent) {
     m_log.write(m_now(), request);
-    const order& placed = m_exchange.place(request, accounts);
+    const bool rejects = reject_percent > 0 && m_broker() % 100 < reject_percent;
+    const order& placed = m_exchange.place(request, accounts, rejects ? "Rejected by the broker" : "");
     std::string line = "Order " + std::to_string(placed.id) + ": " + describe(request) + ", ";
     line += status_text(placed.status);
     if (!placed.reason.empty()) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -42,10 +43,16 @@ public:
 
     // Writes the order down before anything judges it, then takes it to the exchange. The result is
     // valid until the next order.
-    const order& place(const order_request& request, const std::vector<std::string>& accounts);
+    // Of a hundred orders reject_percent are rejected by the broker, as the seed draws them.
+    const order& place(const order_request& request, const std::vector<std::string>& accounts,
+                       unsigned reject_percent = 0);
 
     // Writes an order down that can't go to the exchange, and says why.
     void refuse(const order_request& request, const std::string& why);
+
+    void rename_profile(const std::string& from, const std::string& to) {
+        m_exchange.rename_profile(from, to);
+    }
 
     bool cancel(int order_id) { return m_exchange.cancel(order_id); }
 
@@ -58,6 +65,7 @@ private:
     exchange m_exchange;
     order_log m_log;
     symbol_store m_known;
+    std::minstd_rand m_broker;
 };
 
 // "Buy 3 ESZ6 Limit 6021 1/4 DAY", for people.

@@ -47,12 +47,13 @@ int exchange::today() const {
     return static_cast<int>(std::floor(m_now()));
 }
 
-const order& exchange::place(const order_request& request, const std::vector<std::string>& accounts) {
+const order& exchange::place(const order_request& request, const std::vector<std::string>& accounts,
+                             const std::string& broker_reason) {
     order one;
     one.id = static_cast<int>(m_orders.size()) + 1;
     one.time = m_now();
     one.request = request;
-    one.reason = refusal(request, accounts, today());
+    one.reason = broker_reason.empty() ? refusal(request, accounts, today()) : broker_reason;
     one.status = !one.reason.empty()                    ? order_status::rejected
                  : category::has_stop(request.category) ? order_status::waiting
                                                         : order_status::working;
@@ -71,6 +72,15 @@ bool exchange::cancel(int id) {
     }
     end(*found, order_status::cancelled, "Cancelled by the user");
     return true;
+}
+
+void exchange::rename_profile(const std::string& from, const std::string& to) {
+    for (order& one : m_orders) {
+        if (one.request.profile == from) {
+            one.request.profile = to;
+            m_on_change(one);
+        }
+    }
 }
 
 void exchange::on_quote(int instrument_id, const quote& value) {

@@ -21,7 +21,9 @@ public:
 
     // Takes an order for one of the accounts, or rejects it with a reason. The result is the order as it
     // stands after it met the present quote; it is valid until the next order.
-    const order& place(const order_request& request, const std::vector<std::string>& accounts);
+    // An order that the broker refuses for a reason of its own is rejected with that.
+    const order& place(const order_request& request, const std::vector<std::string>& accounts,
+                       const std::string& broker_reason = {});
 
     // False when there is no such live order.
     bool cancel(int id);
@@ -31,6 +33,9 @@ public:
 
     // Ends the orders that do not live on into the present day.
     void end_of_day();
+
+    // The orders of a profile go on under its new name.
+    void rename_profile(const std::string& from, const std::string& to);
 
     // All orders, the oldest first.
     const std::vector<order>& orders() const { return m_orders; }

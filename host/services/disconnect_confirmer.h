@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "com/object.h"
 #include "market/desk.h"
@@ -13,8 +14,9 @@ namespace host {
 
 class disconnect_confirmer : public object<IDisconnectConfirmer> {
 public:
-    // ask shows a question, modal on the owner; true is yes.
-    using question = std::function<bool(HWND owner, const std::string& text)>;
+    // Asks whether a profile with these live orders may be disconnected, modal on the owner.
+    using question =
+        std::function<bool(HWND owner, const std::string& profile, const std::vector<order>& live)>;
 
     disconnect_confirmer(desk& paper, question ask) : m_desk(paper), m_ask(std::move(ask)) {}
 

@@ -7,13 +7,7 @@ namespace host {
 
 HRESULT symbol_mapping_service::ShowDialog(ULONGLONG hOwner, BSTR sProfileName) noexcept {
     return guarded([&] {
-        std::string text = "Symbols of " + bstr_text(sProfileName) + " come from ";
-        text += data_feed;
-        text += " under the same names:\n";
-        for (const instrument& one : instruments()) {
-            text += "\n" + one.name + "  " + one.description;
-        }
-        m_show(reinterpret_cast<HWND>(static_cast<ULONG_PTR>(hOwner)), text);
+        m_show(reinterpret_cast<HWND>(static_cast<ULONG_PTR>(hOwner)), bstr_text(sProfileName));
         return S_OK;
     });
 }

@@ -1,6 +1,7 @@
 #include "window/application.h"
 
 #include "com/text.h"
+#include "hotkeys/hot_key_services.h"
 #include "market/time_text.h"
 #include "services/disconnect_confirmer.h"
 #include "services/lookup_service.h"
@@ -8,14 +9,15 @@
 #include "services/profile_editor.h"
 #include "services/symbol_mapping.h"
 #include "window/describe.h"
+#include "window/disconnect_dialog.h"
 #include "window/feed_association.h"
 #include "window/profile_editor_dialog.h"
-#include "window/resource.h"
+#include "window/profile_settings_dialog.h"
+#include "window/settings_folder.h"
+#include "window/symbol_mapping_dialog.h"
 
 namespace host {
 namespace {
-
-constexpr const wchar_t* caption = L"OrderDeck Host";
 
 double local_now() {
     SYSTEMTIME time{};
@@ -35,11 +37,15 @@ ref<IUnknown> make_unknown(Arguments&&... arguments) {
 application::application(const options& settings)
     : m_settings(settings),
       m_desk(settings, &local_now),
-      m_profiles(make<profiles>(m_desk, m_scheduler,
-                                [this](HWND owner, const std::string& text) { show_message(owner, text); })),
+      m_profiles(make<profiles>(m_desk, m_scheduler, &show_profile_settings, read_profiles())),
       m_frame(std::make_unique<frame>(settings, m_desk, *this)) {
+    if (!m_profiles_problem.empty()) {
+        log("The profiles can't be read, these are new ones: " + m_profiles_problem);
+    }
+    m_profiles->on_change = [this] { keep_profiles(); };
     m_desk.on_event = [this](const std::string& text) { log(text); };
     m_desk.on_order = [this](const order& one) { m_frame->blotter().update(one); };
+    load_hot_keys();
     associate_data_feed();
     register_classes();
     m_component = std::make_unique<component>(settings.dll, m_classes);
@@ -57,16 +63,14 @@ application::~application() = default;
 void application::register_classes() {
     m_classes.add(CLSID_TradingCenter,
                   [this] { return make_unknown<trading_centre>(m_profiles, m_masters); });
-    m_classes.add(CLSID_DisconnectConfirmer, [this] {
-        return make_unknown<disconnect_confirmer>(
-            m_desk, [this](HWND owner, const std::string& text) { return ask(owner, text); });
-    });
+    m_classes.add(CLSID_DisconnectConfirmer,
+                  [this] { return make_unknown<disconnect_confirmer>(m_desk, &may_disconnect); });
     m_classes.add(CLSID_ProfileEditor, [this] {
-        return make_unknown<profile_editor>([this](HWND owner) { show_profile_editor(owner, *m_profiles); });
+        return make_unknown<profile_editor>([this](HWND owner) { edit_profiles(owner); });
     });
     m_classes.add(CLSID_SymbolMapping, [this] {
         return make_unknown<symbol_mapping_service>(
-            [this](HWND owner, const std::string& text) { show_message(owner, text); });
+            [this](HWND owner, const std::string& profile) { map_symbols(owner, profile); });
     });
 }
 
@@ -102,12 +106,42 @@ int application::run() {
     return static_cast<int>(message.wParam);
 }
 
-void application::show_message(HWND owner, const std::string& text) {
-    MessageBoxW(owner, to_wide(text).c_str(), caption, MB_ICONINFORMATION);
+profile_list application::read_profiles() {
+    try {
+        return load_profiles(profiles_file());
+    } catch (const std::runtime_error& error) {
+        // The frame and its log are not there yet.
+        m_profiles_problem = error.what();
+        return default_profiles();
+    }
 }
 
-bool application::ask(HWND owner, const std::string& text) {
-    return MessageBoxW(owner, to_wide(text).c_str(), caption, MB_YESNO | MB_ICONQUESTION) == IDYES;
+void application::keep_profiles() {
+    try {
+        save_profiles(profiles_file(), m_profiles->list());
+    } catch (const std::runtime_error& error) {
+        log(std::string("The profiles can't be kept: ") + error.what());
+    }
+}
+
+std::filesystem::path application::profiles_file() const {
+    return settings_folder(m_settings) / L"profiles.json";
+}
+
+void application::edit_profiles(HWND owner) {
+    show_profile_editor(owner, *m_profiles, [this](HWND dialog, const profile& one) {
+        const std::vector<order> live = m_desk.live_orders(one.shared().name);
+        return live.empty() || may_disconnect(dialog, one.shared().name, live);
+    });
+}
+
+void application::map_symbols(HWND owner, const std::string& name) {
+    for (const profile_record& one : m_profiles->list().profiles) {
+        if (one.name == name && show_symbol_mapping(owner, name, one.plugin)) {
+            log("Symbols of " + one.plugin + " come from " + feed_of(one.plugin) +
+                " at the bar's next start");
+        }
+    }
 }
 
 const instrument* application::choose_from_menu(HWND owner) {
@@ -165,29 +199,57 @@ void application::on_describe() {
     write_description(m_settings.describe);
 }
 
-void application::fill_profile_menu(HMENU menu) {
-    m_commands = m_bar.commands();
-    UINT id = IDM_PROFILE_FIRST;
-    for (const bar_command& line : m_commands) {
-        if (line.name.empty()) {
-            AppendMenuW(menu, MF_SEPARATOR, id++, nullptr);
-            continue;
-        }
-        const UINT flags =
-            (line.enabled ? MF_ENABLED : MF_GRAYED) | (line.checked ? MF_CHECKED : MF_UNCHECKED);
-        AppendMenuW(menu, MF_STRING | flags, id++, to_wide(line.name).c_str());
-    }
-    if (m_commands.empty()) {
-        AppendMenuW(menu, MF_STRING | MF_GRAYED, IDM_NO_PROFILES, L"(no profiles)");
+void application::load_hot_keys() {
+    const std::wstring file = (settings_folder(m_settings) / L"hot-keys.txt").wstring();
+    const auto complain = [](void* self, const char* text) {
+        static_cast<application*>(self)->log(std::string("Hot keys: ") + text);
+    };
+    if (HotKeyServices_Load(file.c_str(), complain, this) == 0) {
+        log("Hot keys: " + to_utf8(file) + " can't be read");
     }
 }
 
-void application::on_profile_command(int id) {
-    const auto index = static_cast<std::size_t>(id - IDM_PROFILE_FIRST);
-    if (index < m_commands.size() && m_commands[index].command != nullptr) {
-        m_commands[index].command->Execute();
-        refresh_status();
+const profile* application::active_profile() const {
+    return m_profiles->find(m_bar.active_tab());
+}
+
+void application::refresh_menu() {
+    const profile* active = active_profile();
+    const std::string name = active == nullptr ? std::string() : active->shared().name;
+    const std::string of = name.empty() ? std::string() : " of " + name;
+    const bool idle = active != nullptr && active->state() == eTM_CC_Disconnected;
+    m_menu.refresh(name, {{"Show Profile Settings", "Profile &settings" + of + "...", idle,
+                           [this, outer_id = m_bar.active_tab()] { show_settings(outer_id); }},
+                          {"Show Symbol Mapping", "Symbol &mapping" + of + "...", !name.empty(),
+                           [this, name] { map_symbols(m_frame->handle(), name); }},
+                          {"Cancel All Orders", "", true, [this] { on_cancel_all(); }}});
+}
+
+void application::show_settings(const std::string& outer_id) {
+    if (profile* const one = m_profiles->find(outer_id)) {
+        one->ShowSettings(reinterpret_cast<ULONG_PTR>(m_frame->handle()));
     }
+}
+
+void application::fill_profile_menu(HMENU menu) {
+    refresh_menu();
+    m_menu.fill(menu);
+}
+
+bool application::on_key(std::uint32_t key) {
+    const char* command = HotKeyServices_CommandOf(key);
+    if (command == nullptr) {
+        return false;
+    }
+    refresh_menu();
+    const bool ran = m_menu.run_command(command);
+    refresh_status();
+    return ran;
+}
+
+void application::on_profile_command(int id) {
+    m_menu.run_line(id);
+    refresh_status();
 }
 
 bool application::may_close() {
@@ -195,7 +257,7 @@ bool application::may_close() {
 }
 
 void application::on_closing() {
-    m_commands.clear();
+    m_menu.clear();
     m_bar.destroy();
 }
 

@@ -1,6 +1,7 @@
 // The whole application: the desk, the classes that the bar creates, the frame and the bar.
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "window/component.h"
 #include "window/frame.h"
 #include "window/timer_scheduler.h"
+#include "window/trading_menu.h"
 
 namespace host {
 
@@ -25,8 +27,17 @@ public:
 private:
     void register_classes();
     void start_bar();
-    void show_message(HWND owner, const std::string& text);
-    bool ask(HWND owner, const std::string& text);
+    // The problem is kept for the log.
+    profile_list read_profiles();
+    void keep_profiles();
+    std::filesystem::path profiles_file() const;
+    void edit_profiles(HWND owner);
+    void map_symbols(HWND owner, const std::string& name);
+    void show_settings(const std::string& outer_id);
+    void load_hot_keys();
+    // The profile whose tab shows; null for none.
+    const profile* active_profile() const;
+    void refresh_menu();
     const instrument* choose_from_menu(HWND owner);
     void log(const std::string& text);
     void refresh_status();
@@ -37,6 +48,7 @@ private:
     void on_tick() override;
     void on_describe() override;
     void fill_profile_menu(HMENU menu) override;
+    bool on_key(std::uint32_t key) override;
     void on_profile_command(int id) override;
     bool may_close() override;
     void on_closing() override;
@@ -45,14 +57,14 @@ private:
     desk m_desk;
     timer_scheduler m_scheduler;
     LONG m_masters = 0;
+    std::string m_profiles_problem;
     ref<profiles> m_profiles;
     // Before the registry, so that no class is created while the frame is gone.
     std::unique_ptr<frame> m_frame;
     class_registry m_classes;
     std::unique_ptr<component> m_component;
     bar m_bar;
-    // What the profile menu shows.
-    std::vector<bar_command> m_commands;
+    trading_menu m_menu{m_bar};
 };
 
 }  // namespace host

@@ -85,6 +85,12 @@ std::string bar::status_line() const {
     return given ? take(text) : std::string();
 }
 
+std::string bar::active_tab() const {
+    BSTR tab = nullptr;
+    const bool given = m_driver != nullptr && SUCCEEDED(m_driver->get_ActiveTab(&tab));
+    return given ? take(tab) : std::string();
+}
+
 bool bar::choose(const instrument& one) {
     BSTR tab = nullptr;
     if (m_driver == nullptr || FAILED(m_driver->get_ActiveTab(&tab))) {

@@ -41,6 +41,9 @@ public:
     std::vector<bar_command> commands() const;
     std::string status_line() const;
 
+    // The outer id of the profile whose tab shows; empty for none.
+    std::string active_tab() const;
+
     // Gives the instrument to the tab that shows. False when there is no tab or it refused.
     bool choose(const instrument& one);
 

@@ -12,6 +12,7 @@
 #include "com/text.h"
 #include "layout.h"
 #include "window/resource.h"
+#include "window/trading_menu.h"
 
 namespace host {
 namespace {
@@ -26,7 +27,7 @@ constexpr UINT_PTR tick_timer = 1;
 constexpr UINT_PTR describe_timer = 2;
 
 // The places in the menu bar.
-constexpr int trading_menu = 1;
+constexpr int trading_menu_place = 1;
 constexpr std::array lockable_menus{0, 1, 2, 4};
 
 void move(HWND window, const box& to) {
@@ -149,6 +150,9 @@ void frame::lock(bool locked) {
 }
 
 bool frame::translate(MSG& message) {
+    if (const std::uint32_t key = pressed_key(message); key != 0 && m_events.on_key(key)) {
+        return true;
+    }
     // The accelerators first: a dialog uses up every key that it is given.
     if (TranslateAcceleratorW(m_window, m_accelerators, &message) != 0) {
         return true;
@@ -319,7 +323,7 @@ void frame::on_command(int id) {
 }
 
 void frame::on_menu_popup(HMENU menu) {
-    if (menu == GetSubMenu(GetMenu(m_window), trading_menu)) {
+    if (menu == GetSubMenu(GetMenu(m_window), trading_menu_place)) {
         while (DeleteMenu(menu, 0, MF_BYPOSITION) != FALSE) {
         }
         m_events.fill_profile_menu(menu);

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <memory>
 #include <set>
 #include <string>
@@ -29,6 +30,8 @@ public:
     virtual void on_describe() = 0;
     // The profile menu is about to open; it is empty.
     virtual void fill_profile_menu(HMENU menu) = 0;
+    // A key with its modifiers, as hot keys are told; true when it ran a command.
+    virtual bool on_key(std::uint32_t key) = 0;
     // id: from IDM_PROFILE_FIRST on.
     virtual void on_profile_command(int id) = 0;
     // The user wants to close the window; false keeps it.

@@ -1,124 +1,134 @@
 #include "window/profile_editor_dialog.h"
 
-#include <windows.h>
-
-#include <commctrl.h>
-
-#include <array>
+#include <utility>
 
 #include "com/text.h"
-#include "window/list_view.h"
+#include "window/dialog.h"
 #include "window/resource.h"
 
 namespace host {
 namespace {
 
-const wchar_t* state_text(ETM_ConnectionChanged state) {
-    return state == eTM_CC_Connected    ? L"Connected"
-           : state == eTM_CC_Connecting ? L"Connecting"
-                                        : L"Disconnected";
+std::string state_text(ETM_ConnectionChanged state) {
+    return state == eTM_CC_Connected    ? "Connected"
+           : state == eTM_CC_Connecting ? "Connecting"
+                                        : "Disconnected";
 }
 
-void set_cell(HWND list, int row, int column, std::wstring text) {
-    LVITEMW item{};
-    item.iSubItem = column;
-    item.pszText = text.data();
-    SendMessageW(list, LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-}
+class profile_editor_dialog final : public dialog {
+public:
+    profile_editor_dialog(profiles& all, std::function<bool(HWND, const profile&)> may_remove)
+        : m_all(all), m_may_remove(std::move(may_remove)) {}
 
-void fill_list(HWND list, const profiles& all) {
-    ListView_DeleteAllItems(list);
-    int row = 0;
-    for (const ref<profile>& one : all.items()) {
-        LVITEMW item{};
-        item.iItem = row;
-        SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
-        set_cell(list, row, 0, to_wide(one->shared().name));
-        set_cell(list, row, 1, to_wide(one->shared().plugin));
-        set_cell(list, row, 2, state_text(one->state()));
-        ++row;
+private:
+    void on_init() override {
+        add_columns(IDC_PROFILES, {{"Name", 150}, {"Broker", 170}, {"State", 96}});
+        add_choices(IDC_PLUGIN, plugins(), 0);
+        SendDlgItemMessageW(window(), IDC_PROFILE_NAME, EM_SETLIMITTEXT, 60, 0);
+        show({});
     }
-}
 
-void init(HWND dialog, const profiles& all) {
-    const HWND list = GetDlgItem(dialog, IDC_PROFILES);
-    ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT);
-    const std::array<std::pair<const wchar_t*, int>, 3> columns{
-        {{L"Name", 140}, {L"Broker", 170}, {L"State", 100}}};
-    for (std::size_t index = 0; index < columns.size(); ++index) {
-        std::wstring title = columns[index].first;
-        LVCOLUMNW column{};
-        column.mask = LVCF_TEXT | LVCF_WIDTH;
-        column.cx = scaled(columns[index].second);
-        column.pszText = title.data();
-        SendMessageW(list, LVM_INSERTCOLUMNW, index, reinterpret_cast<LPARAM>(&column));
-    }
-    for (const std::string& name : plugins()) {
-        SendDlgItemMessageW(dialog, IDC_PLUGIN, CB_ADDSTRING, 0,
-                            reinterpret_cast<LPARAM>(to_wide(name).c_str()));
-    }
-    SendDlgItemMessageW(dialog, IDC_PLUGIN, CB_SETCURSEL, 0, 0);
-    fill_list(list, all);
-}
-
-void add(HWND dialog, profiles& all) {
-    std::array<wchar_t, 64> name{};
-    GetDlgItemTextW(dialog, IDC_PROFILE_NAME, name.data(), static_cast<int>(name.size()));
-    const auto chosen = static_cast<std::size_t>(SendDlgItemMessageW(dialog, IDC_PLUGIN, CB_GETCURSEL, 0, 0));
-    _bstr_t plugin(to_wide(plugins().at(chosen)).c_str());
-    all.Add(plugin.GetBSTR(), _bstr_t(name.data()).GetBSTR());
-    SetDlgItemTextW(dialog, IDC_PROFILE_NAME, L"");
-}
-
-void remove(HWND dialog, profiles& all) {
-    const int row = ListView_GetNextItem(GetDlgItem(dialog, IDC_PROFILES), -1, LVNI_SELECTED);
-    if (row >= 0) {
-        const std::string outer_id = all.items().at(static_cast<std::size_t>(row))->shared().outer_id;
-        all.remove(outer_id);
-    }
-}
-
-void on_command(HWND dialog, int id, profiles& all) {
-    switch (id) {
-        case IDCANCEL:
-            EndDialog(dialog, id);
-            return;
-        case IDC_ADD:
-            add(dialog, all);
-            break;
-        case IDC_REMOVE:
-            remove(dialog, all);
-            break;
-        default:
-            return;
-    }
-    fill_list(GetDlgItem(dialog, IDC_PROFILES), all);
-}
-
-INT_PTR CALLBACK procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
-    try {
-        if (message == WM_INITDIALOG) {
-            SetWindowLongPtrW(dialog, DWLP_USER, lparam);
-            init(dialog, *reinterpret_cast<profiles*>(lparam));
-            return TRUE;
+    void on_select(int) override {
+        const profile* const one = selected();
+        if (one != nullptr) {
+            set_text(IDC_PROFILE_NAME, one->shared().name);
         }
-        auto* all = reinterpret_cast<profiles*>(GetWindowLongPtrW(dialog, DWLP_USER));
-        if (message == WM_COMMAND && all != nullptr && HIWORD(wparam) == BN_CLICKED) {
-            on_command(dialog, LOWORD(wparam), *all);
-            return TRUE;
-        }
-    } catch (const std::exception& error) {
-        // The dialog stays open; nothing was half done that the list would not show.
-        OutputDebugStringA(error.what());
+        enable_buttons();
     }
-    return FALSE;
-}
+
+    void on_button(int id) override {
+        const profile* const one = selected();
+        // By value: the profile may go.
+        const std::string outer_id = one == nullptr ? std::string() : one->shared().outer_id;
+        switch (id) {
+            case IDC_ADD:
+                add();
+                break;
+            case IDC_RENAME:
+                rename(outer_id);
+                break;
+            case IDC_REMOVE:
+                if (one != nullptr && m_may_remove(window(), *one)) {
+                    m_all.remove(outer_id);
+                    set_text(IDC_PROFILE_NAME, "");
+                    show({});
+                }
+                break;
+            case IDC_MOVE_UP:
+            case IDC_MOVE_DOWN:
+                m_all.move(outer_id, id == IDC_MOVE_UP ? -1 : 1);
+                show(outer_id);
+                break;
+            case IDC_RELOAD:
+                m_all.reload();
+                show(outer_id);
+                break;
+            default:
+                dialog::on_button(id);
+        }
+    }
+
+    void add() {
+        const auto chosen = static_cast<std::size_t>(SendMessageW(item(IDC_PLUGIN), CB_GETCURSEL, 0, 0));
+        _bstr_t plugin(to_wide(plugins().at(chosen)).c_str());
+        _bstr_t name(to_wide(text(IDC_PROFILE_NAME)).c_str());
+        m_all.Add(plugin.GetBSTR(), name.GetBSTR());
+        show(m_all.items().back()->shared().outer_id);
+    }
+
+    void rename(const std::string& outer_id) {
+        const std::string name = text(IDC_PROFILE_NAME);
+        if (!m_all.rename(outer_id, name)) {
+            complain(name.empty() ? "A profile wants a name." : "Another profile has this name.",
+                     IDC_PROFILE_NAME);
+            return;
+        }
+        show(outer_id);
+    }
+
+    void show(const std::string& selected_id) {
+        std::vector<std::vector<std::string>> rows;
+        int row = -1;
+        for (const ref<profile>& one : m_all.items()) {
+            if (one->shared().outer_id == selected_id) {
+                row = static_cast<int>(rows.size());
+            }
+            rows.push_back({one->shared().name, one->shared().plugin, state_text(one->state())});
+        }
+        set_rows(IDC_PROFILES, rows);
+        if (row >= 0) {
+            select_row(IDC_PROFILES, row);
+        }
+        enable_buttons();
+    }
+
+    void enable_buttons() {
+        const int row = selected_row(IDC_PROFILES);
+        const HWND focus = GetFocus();
+        enable(IDC_RENAME, row >= 0);
+        enable(IDC_REMOVE, row >= 0);
+        enable(IDC_MOVE_UP, row > 0);
+        enable(IDC_MOVE_DOWN, row >= 0 && row + 1 < static_cast<int>(m_all.items().size()));
+        if (focus != nullptr && IsWindowEnabled(focus) == FALSE) {
+            // The keyboard would be lost in a disabled button.
+            SendMessageW(window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(item(IDC_PROFILES)), TRUE);
+        }
+    }
+
+    const profile* selected() const {
+        const int row = selected_row(IDC_PROFILES);
+        return row < 0 ? nullptr : m_all.items().at(static_cast<std::size_t>(row)).get();
+    }
+
+    profiles& m_all;
+    std::function<bool(HWND, const profile&)> m_may_remove;
+};
 
 }  // namespace
 
-void show_profile_editor(HWND owner, profiles& all) {
-    DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_PROFILES), owner, &procedure,
-                    reinterpret_cast<LPARAM>(&all));
+void show_profile_editor(HWND owner, profiles& all,
+                         std::function<bool(HWND owner, const profile& one)> may_remove) {
+    profile_editor_dialog(all, std::move(may_remove)).run(owner, IDD_PROFILES);
 }
 
 }  // namespace host

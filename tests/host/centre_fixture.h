@@ -1,6 +1,7 @@
 // A trading centre with no window: time passes when the test says so.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -80,8 +81,10 @@ struct paper_world {
         settings.frozen_quotes = true;
         paper = std::make_unique<desk>(settings, [this] { return now; });
         paper->on_event = [this](const std::string& text) { events.push_back(text); };
-        all = make<profiles>(
-            *paper, later, [this](HWND owner, const std::string& text) { shown.emplace_back(owner, text); });
+        all = make<profiles>(*paper, later, [this](HWND owner, profile_record& record) {
+            shown.emplace_back(owner, record);
+            return edit(record);
+        });
     }
 
     profile& instant() { return *all->items()[0]; }
@@ -91,7 +94,9 @@ struct paper_world {
     options settings;
     hand_scheduler later;
     std::vector<std::string> events;
-    std::vector<std::pair<HWND, std::string>> shown;
+    std::vector<std::pair<HWND, profile_record>> shown;
+    // What the user does in the settings; true is OK.
+    std::function<bool(profile_record&)> edit = [](profile_record&) { return false; };
     std::unique_ptr<desk> paper;
     ref<profiles> all;
 };

@@ -174,12 +174,46 @@ TEST_F(HostCentre, SettingsAreShownOnTheirOwner) {
     EXPECT_EQ(m_world.remote().ShowSettings(0x123), S_OK);
     ASSERT_EQ(m_world.shown.size(), 1u);
     EXPECT_EQ(m_world.shown[0].first, reinterpret_cast<HWND>(0x123));
-    EXPECT_NE(m_world.shown[0].second.find("1500 ms"), std::string::npos);
+    EXPECT_EQ(m_world.shown[0].second, default_profiles().profiles[1]);
+}
+
+TEST_F(HostCentre, AcceptedSettingsHoldAndAreToldButIdNameAndBrokerStay) {
+    int changes = 0;
+    m_world.all->on_change = [&] { ++changes; };
+    m_world.edit = [](profile_record& settings) {
+        settings = {"x", "y", "z", {"A", "乙"}, 40, 100};
+        return true;
+    };
+    EXPECT_EQ(m_world.remote().ShowSettings(0), S_OK);
+    EXPECT_EQ(changes, 1);
+    const profile_record expected{
+        "orderdeck-paper-2", "Paper Remote", "OrderDeck Paper Remote", {"A", "乙"}, 40, 100};
+    EXPECT_EQ(m_world.all->list().profiles[1], expected);
+    m_world.remote().Connect();
+    EXPECT_THAT(m_world.later.delays(), ElementsAre(40u));
+    m_world.later.run();
+    trading(m_world.remote())->SetAccount(bstr("A"));
+    set_symbol(m_world.remote(), "ESZ6");
+    EXPECT_EQ(place(m_world.remote(), 1), S_OK);
+    EXPECT_EQ(m_world.paper->orders().at(0).reason, "Rejected by the broker");
+}
+
+TEST_F(HostCentre, RefusedSettingsChangeNothing) {
+    int changes = 0;
+    m_world.all->on_change = [&] { ++changes; };
+    m_world.edit = [](profile_record& settings) {
+        settings.accounts = {"A"};
+        return false;
+    };
+    m_world.remote().ShowSettings(0);
+    EXPECT_EQ(changes, 0);
+    EXPECT_EQ(m_world.all->list(), default_profiles());
 }
 
 class item_recorder : public object<ITC_ItemsChanged> {
 public:
     STDMETHODIMP OnItemChanged(ETM_ChangeTypeOfEvent kind, SAFEARRAY* items) noexcept override {
+        kinds.push_back(kind);
         for (const ref<IUnknown>& one : read_objects(items)) {
             BSTR text = nullptr;
             query<ITC_TradingProfile>(one.get())->get_Name(&text);
@@ -187,6 +221,7 @@ public:
         }
         return S_OK;
     }
+    std::vector<int> kinds;
     std::vector<std::pair<int, std::string>> seen;
 };
 
@@ -202,6 +237,65 @@ TEST_F(HostCentre, AddingAndRemovingProfilesIsTold) {
     SAFEARRAY* items = nullptr;
     ASSERT_EQ(m_world.all->get_Items(&items), S_OK);
     EXPECT_EQ(array_ptr(items)->rgsabound[0].cElements, 2u);
+}
+
+TEST_F(HostCentre, ARenameIsToldAsAnUpdateAndTakesTheOrdersAlong) {
+    trading(m_world.instant())->SetAccount(bstr("DEMO-101"));
+    set_symbol(m_world.instant(), "ESZ6");
+    place(m_world.instant(), 1);
+    const auto sink = make<item_recorder>();
+    advise(*m_world.all, __uuidof(ITC_ItemsChanged), sink.get());
+    EXPECT_TRUE(m_world.all->rename("orderdeck-paper-1", "新"));
+    EXPECT_FALSE(m_world.all->rename("orderdeck-paper-1", ""));
+    EXPECT_FALSE(m_world.all->rename("orderdeck-paper-1", "Paper Remote"));
+    EXPECT_FALSE(m_world.all->rename("orderdeck-paper-9", "Other"));
+    EXPECT_THAT(sink->seen, ElementsAre(std::pair(3, std::string("新"))));
+    EXPECT_EQ(m_world.paper->orders().at(0).request.profile, "新");
+}
+
+TEST_F(HostCentre, AMoveIsToldAndStopsAtTheEnds) {
+    const auto sink = make<item_recorder>();
+    advise(*m_world.all, __uuidof(ITC_ItemsChanged), sink.get());
+    EXPECT_FALSE(m_world.all->move("orderdeck-paper-1", -1));
+    EXPECT_FALSE(m_world.all->move("orderdeck-paper-2", 1));
+    EXPECT_FALSE(m_world.all->move("orderdeck-paper-9", 1));
+    EXPECT_TRUE(m_world.all->move("orderdeck-paper-1", 1));
+    EXPECT_THAT(sink->seen, ElementsAre(std::pair(7, std::string("Paper"))));
+    EXPECT_EQ(m_world.all->items()[0]->shared().name, "Paper Remote");
+    EXPECT_TRUE(m_world.all->move("orderdeck-paper-1", -1));
+    EXPECT_EQ(m_world.all->items()[0]->shared().name, "Paper");
+}
+
+TEST_F(HostCentre, AReloadIsItsStartAndItsEnd) {
+    const auto sink = make<item_recorder>();
+    advise(*m_world.all, __uuidof(ITC_ItemsChanged), sink.get());
+    m_world.all->reload();
+    EXPECT_THAT(sink->kinds, ElementsAre(5, 4));
+    EXPECT_TRUE(sink->seen.empty());
+}
+
+TEST_F(HostCentre, RemovingAllDisconnectsThemAndIsToldOnce) {
+    const auto sink = make<item_recorder>();
+    advise(*m_world.all, __uuidof(ITC_ItemsChanged), sink.get());
+    const ref<profile> kept(&m_world.instant());
+    m_world.all->remove_all();
+    EXPECT_THAT(sink->kinds, ElementsAre(6));
+    EXPECT_TRUE(m_world.all->items().empty());
+    EXPECT_EQ(kept->state(), eTM_CC_Disconnected);
+}
+
+TEST_F(HostCentre, EveryChangeOfTheListIsToldToWhoeverKeepsItAndNoNumberIsUsedTwice) {
+    std::vector<std::size_t> sizes;
+    m_world.all->on_change = [&] { sizes.push_back(m_world.all->list().profiles.size()); };
+    m_world.all->remove("orderdeck-paper-2");
+    m_world.all->Add(bstr("OrderDeck Paper"), bstr("New"));
+    m_world.all->rename("orderdeck-paper-3", "Newer");
+    m_world.all->move("orderdeck-paper-3", -1);
+    EXPECT_THAT(sizes, ElementsAre(1u, 2u, 2u, 2u));
+    EXPECT_EQ(m_world.all->list().last_number, 3);
+    EXPECT_EQ(m_world.all->list().profiles[0].name, "Newer");
+    EXPECT_EQ(m_world.all->find("orderdeck-paper-3"), m_world.all->items()[0].get());
+    EXPECT_EQ(m_world.all->find("orderdeck-paper-2"), nullptr);
 }
 
 TEST_F(HostCentre, TheMasterCounterCountsTheCentresInUse) {

@@ -69,5 +69,23 @@ TEST(HostDesk, OrdersAreDescribedInTheirScale) {
     EXPECT_EQ(describe(buy(category::stop, 117.0, 5.0)), "Buy 2 ZBZ6 Stop 117 DAY");
 }
 
+TEST(HostDesk, TheBrokerRejectsNoneAllOrSomeAsTheSeedDraws) {
+    options settings;
+    settings.frozen_quotes = true;
+    desk paper(settings, [] { return 46346.5; });
+    const auto rejected = [&](unsigned percent) {
+        int count = 0;
+        for (int number = 0; number < 200; ++number) {
+            const order& placed = paper.place(buy(category::limit, 0.0, 100.0), {"A"}, percent);
+            count += placed.status == order_status::rejected ? 1 : 0;
+        }
+        return count;
+    };
+    EXPECT_EQ(rejected(0), 0);
+    EXPECT_EQ(rejected(100), 200);
+    EXPECT_GT(rejected(30), 30);
+    EXPECT_LT(rejected(30), 90);
+}
+
 }  // namespace
 }  // namespace host

@@ -215,5 +215,26 @@ TEST_F(HostExchange, LiveOrdersAreThoseOfTheProfileThatMayStillTrade) {
     EXPECT_TRUE(m_exchange.live_orders("Other").empty());
 }
 
+TEST_F(HostExchange, ABrokersReasonRejectsAGoodOrder) {
+    const order placed =
+        m_exchange.place(request(action::buy, category::market, 1, 0.0, 0.0), {"A"}, "Too late");
+    EXPECT_EQ(placed.status, order_status::rejected);
+    EXPECT_EQ(placed.reason, "Too late");
+    EXPECT_EQ(placed.filled, 0);
+}
+
+TEST_F(HostExchange, OrdersFollowTheNewNameOfTheirProfile) {
+    buy_limit(1, 100.0);
+    order_request other = request(action::buy, category::limit, 1, 0.0, 100.0);
+    other.profile = "Other";
+    place(other);
+    m_changes.clear();
+    m_exchange.rename_profile("Paper", "New");
+    EXPECT_THAT(m_changes, ElementsAre(std::pair(1, order_status::working)));
+    EXPECT_EQ(m_exchange.live_orders("New").size(), 1u);
+    EXPECT_TRUE(m_exchange.live_orders("Paper").empty());
+    EXPECT_EQ(m_exchange.live_orders("Other").size(), 1u);
+}
+
 }  // namespace
 }  // namespace host

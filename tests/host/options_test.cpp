@@ -12,6 +12,7 @@ TEST(HostOptions, WithNoneEverythingHasItsDefault) {
     EXPECT_EQ(value.order_log, "");
     EXPECT_EQ(value.describe, "");
     EXPECT_EQ(value.dll, "");
+    EXPECT_EQ(value.settings, "");
     EXPECT_EQ(value.seed, 1u);
     EXPECT_FALSE(value.frozen_quotes);
     EXPECT_EQ(value.width, 1440);
@@ -19,11 +20,13 @@ TEST(HostOptions, WithNoneEverythingHasItsDefault) {
 }
 
 TEST(HostOptions, EachIsRead) {
-    const options value = parse_options({"--order-log", "o.jsonl", "--describe", "d.json", "--dll", "x.dll",
-                                         "--seed", "42", "--frozen-quotes", "--size", "1500x900"});
+    const options value =
+        parse_options({"--order-log", "o.jsonl", "--describe", "d.json", "--dll", "x.dll", "--seed", "42",
+                       "--settings", "folder", "--frozen-quotes", "--size", "1500x900"});
     EXPECT_EQ(value.order_log, "o.jsonl");
     EXPECT_EQ(value.describe, "d.json");
     EXPECT_EQ(value.dll, "x.dll");
+    EXPECT_EQ(value.settings, "folder");
     EXPECT_EQ(value.seed, 42u);
     EXPECT_TRUE(value.frozen_quotes);
     EXPECT_EQ(value.width, 1500);

@@ -50,10 +50,10 @@ protected:
         m_world.paper->place(request, {"A"});
     }
     HRESULT confirm(bool answer) {
-        const auto confirmer =
-            make<disconnect_confirmer>(*m_world.paper, [&](HWND owner, const std::string& text) {
+        const auto confirmer = make<disconnect_confirmer>(
+            *m_world.paper, [&](HWND owner, const std::string& profile, const std::vector<order>& live) {
                 m_owner = owner;
-                m_asked.push_back(text);
+                m_asked.emplace_back(profile, live.size());
                 return answer;
             });
         return confirmer->Confirm(0x456, &m_world.instant());
@@ -61,7 +61,7 @@ protected:
 
     paper_world m_world;
     HWND m_owner = nullptr;
-    std::vector<std::string> m_asked;
+    std::vector<std::pair<std::string, std::size_t>> m_asked;
 };
 
 TEST_F(HostConfirmer, WithoutLiveOrdersNobodyIsAsked) {
@@ -69,21 +69,20 @@ TEST_F(HostConfirmer, WithoutLiveOrdersNobodyIsAsked) {
     EXPECT_TRUE(m_asked.empty());
 }
 
-TEST_F(HostConfirmer, TheQuestionNamesTheLiveOrdersAndTheAnswerDecides) {
+TEST_F(HostConfirmer, TheQuestionIsAboutTheLiveOrdersAndTheAnswerDecides) {
     rest_an_order();
     EXPECT_EQ(confirm(false), S_FALSE);
     EXPECT_EQ(m_owner, reinterpret_cast<HWND>(0x456));
-    EXPECT_THAT(m_asked, ElementsAre("Paper has live orders:\n\nBuy 3 ESZ6 Limit 6000 1/4 GTC"
-                                     "\n\nThey stay at the exchange. Disconnect?"));
+    EXPECT_THAT(m_asked, ElementsAre(std::pair(std::string("Paper"), std::size_t{1})));
     EXPECT_EQ(confirm(true), S_OK);
 }
 
-TEST_F(HostConfirmer, ALongListIsCut) {
-    for (int index = 0; index < 12; ++index) {
-        rest_an_order();
-    }
-    confirm(false);
-    EXPECT_NE(m_asked[0].find("GTC\nand 2 more\n"), std::string::npos);
+TEST_F(HostConfirmer, OrdersOfOtherProfilesAreNotAskedAbout) {
+    rest_an_order();
+    const auto confirmer = make<disconnect_confirmer>(
+        *m_world.paper, [](HWND, const std::string&, const std::vector<order>&) { return false; });
+    EXPECT_EQ(confirmer->Confirm(0, &m_world.remote()), S_OK);
+    EXPECT_EQ(confirmer->Confirm(0, nullptr), E_POINTER);
 }
 
 class HostLookup : public ::testing::Test {
@@ -165,14 +164,12 @@ TEST_F(HostLookup, NothingIsFoundBeforeItIsInitialized) {
     EXPECT_EQ(m_lookup->GetSymbolInfo(nullptr, 1, nullptr, &m_record, &m_result), E_INVALIDARG);
 }
 
-TEST(HostSymbolMapping, TheProfileAndEverySymbolAreNamed) {
-    std::string shown;
-    const auto mapping = make<symbol_mapping_service>([&](HWND, const std::string& text) { shown = text; });
-    EXPECT_EQ(mapping->ShowDialog(0, bstr("Paper")), S_OK);
-    EXPECT_EQ(shown.find("Symbols of Paper come from OrderDeck Quotes"), 0u);
-    for (const instrument& one : instruments()) {
-        EXPECT_NE(shown.find(one.name), std::string::npos) << one.name;
-    }
+TEST(HostSymbolMapping, TheProfileIsNamedOnItsOwner) {
+    std::vector<std::pair<HWND, std::string>> shown;
+    const auto mapping = make<symbol_mapping_service>(
+        [&](HWND owner, const std::string& profile) { shown.emplace_back(owner, profile); });
+    EXPECT_EQ(mapping->ShowDialog(0x789, bstr("下單")), S_OK);
+    EXPECT_THAT(shown, ElementsAre(std::pair(reinterpret_cast<HWND>(0x789), std::string("下單"))));
 }
 
 TEST(HostClassRegistry, AClassIsFoundWhileTheRegistryLives) {
