@@ -2,6 +2,7 @@
 
 #include "com/text.h"
 #include "hotkeys/hot_key_services.h"
+#include "market/symbol_file.h"
 #include "market/time_text.h"
 #include "services/disconnect_confirmer.h"
 #include "services/lookup_service.h"
@@ -46,6 +47,7 @@ application::application(const options& settings)
     m_desk.on_event = [this](const std::string& text) { log(text); };
     m_desk.on_order = [this](const order& one) { m_frame->blotter().update(one); };
     load_hot_keys();
+    load_symbols();
     associate_data_feed();
     register_classes();
     m_component = std::make_unique<component>(settings.dll, m_classes);
@@ -59,6 +61,17 @@ application::application(const options& settings)
 }
 
 application::~application() = default;
+
+void application::load_symbols() {
+    symbol_file file = read_symbol_file(to_utf8(beside_program(L"symbols.txt")));
+    for (const std::string& fault : file.faults) {
+        log("Symbol file: " + fault);
+    }
+    log("Symbols: " + std::to_string(file.instruments.size()) + " instruments");
+    if (!file.instruments.empty()) {
+        m_desk.use(symbol_store(std::move(file.instruments)));
+    }
+}
 
 void application::register_classes() {
     m_classes.add(CLSID_TradingCenter,

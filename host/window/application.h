@@ -25,6 +25,8 @@ public:
     int run();
 
 private:
+    // A file with faults, or none, is told in the log; what is traded from the start needs no file.
+    void load_symbols();
     void register_classes();
     void start_bar();
     // The problem is kept for the log.

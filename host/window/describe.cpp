@@ -4,6 +4,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <fstream>
@@ -79,8 +80,14 @@ std::string cell_of(HWND window, int row, int column) {
 void add_rows(HWND window, json& out) {
     out["rows"] = json::array();
     const int columns = Header_GetItemCount(ListView_GetHeader(window));
-    const int rows = ListView_GetItemCount(window);
-    for (int row = 0; row < rows; ++row) {
+    // Of a list that keeps no texts of its own only what is on view: it may be long.
+    const bool virtual_list = (GetWindowLongW(window, GWL_STYLE) & LVS_OWNERDATA) != 0;
+    const int count = ListView_GetItemCount(window);
+    const int first = virtual_list ? ListView_GetTopIndex(window) : 0;
+    const int last = virtual_list ? std::min(first + ListView_GetCountPerPage(window), count) : count;
+    out["count"] = count;
+    out["first"] = first;
+    for (int row = first; row < last; ++row) {
         json texts = json::array();
         for (int column = 0; column < columns; ++column) {
             texts.push_back(cell_of(window, row, column));

@@ -10,26 +10,6 @@
 
 namespace host {
 
-HFONT dialog_font() {
-    static const HFONT font = [] {
-        NONCLIENTMETRICSW metrics{};
-        metrics.cbSize = sizeof(metrics);
-        SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0);
-        return CreateFontIndirectW(&metrics.lfMessageFont);
-    }();
-    return font;
-}
-
-int scaled(int length) {
-    static const int dots = [] {
-        const HDC screen = GetDC(nullptr);
-        const int found = GetDeviceCaps(screen, LOGPIXELSX);
-        ReleaseDC(nullptr, screen);
-        return found;
-    }();
-    return MulDiv(length, dots, USER_DEFAULT_SCREEN_DPI);
-}
-
 list_view::list_view(HWND parent, int id, const std::vector<list_column>& columns) {
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_BORDER | LVS_REPORT | LVS_SINGLESEL |
                         LVS_SHOWSELALWAYS | LVS_NOSORTHEADER;

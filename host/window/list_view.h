@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "window/dialog_look.h"
+
 namespace host {
 
 struct list_column {
@@ -43,11 +45,5 @@ private:
     // What stands in the rows, to write only what changes. By the row's number.
     std::vector<std::pair<int, std::vector<std::string>>> m_texts;
 };
-
-// The font of message boxes; made once.
-HFONT dialog_font();
-
-// A length given for 96 dots per inch.
-int scaled(int length);
 
 }  // namespace host

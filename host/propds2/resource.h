@@ -1,0 +1,4 @@
+// Ids of the sheet's dialog.
+#pragma once
+
+#define IDD_SHEET 400
