@@ -40,7 +40,7 @@ std::pair<unsigned, unsigned> png_size(std::span<const std::byte> bytes) {
 }
 
 TEST(Resources, PicturesHaveTheSizeOfTheirButtons) {
-    EXPECT_EQ(png_size(platform::load_png(211)), std::pair(16U, 16U));
+    EXPECT_EQ(png_size(platform::load_png(211)), std::pair(48U, 16U));
     EXPECT_EQ(png_size(platform::load_png(212)), std::pair(48U, 16U));
     EXPECT_EQ(png_size(platform::load_png(232)), std::pair(48U, 16U));
 }

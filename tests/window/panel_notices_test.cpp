@@ -210,7 +210,31 @@ TEST_F(PanelNotices, AQuantityIsAbbreviatedWithoutTheFocusAndPlainWithIt) {
     EXPECT_EQ(text(209), L"1500");
     SetFocus(item(214));
     EXPECT_EQ(text(209), L"1.5K");
-    EXPECT_TRUE(field(eODUE_Quantity).values.empty());
+    for (const _variant_t& told : field(eODUE_Quantity).values) {
+        EXPECT_STREQ(told.bstrVal, L"1500") << "the text for readers is never told";
+    }
+}
+
+TEST_F(PanelNotices, TheQuantityMovesInHundredsForStocksAndInOnesOtherwise) {
+    const auto up = [&](LONG category) {
+        tab->symbol->category = category;
+        bar->Update(tab->id, eODUE_Symbol);
+        SetFocus(item(209));
+        SendMessageW(item(209), WM_KEYDOWN, VK_UP, 1);
+        return text(209);
+    };
+    EXPECT_EQ(up(1), L"2");
+    EXPECT_EQ(up(2), L"200");
+    EXPECT_STREQ(field(eODUE_Quantity).values.back().bstrVal, L"200");
+}
+
+TEST_F(PanelNotices, AnEmptyQuantityIsKeptOnTheScreenAndLogged) {
+    SetFocus(item(209));
+    field(eODUE_Quantity).values.clear();
+    SetWindowTextW(item(209), L"");
+    ASSERT_EQ(field(eODUE_Quantity).values.size(), 1u);
+    SetFocus(item(214));
+    EXPECT_EQ(text(209), L"");
 }
 
 TEST_F(PanelNotices, AFormatChangeIsNeverExpected) {

@@ -100,8 +100,22 @@ void drawn_button::_on_button_up(POINT at) {
     ::GetClientRect(m_hWnd, &client);
     _set_state(::PtInRect(&client, at) ? hot : at_rest);
     // A press counts wherever the mouse was released, on purpose: the place only picks the picture.
-    m_sink->OnButtonPressed(m_id);
-    ::SetFocus(::GetParent(m_hWnd));
+    const HWND parent = ::GetParent(m_hWnd);
+    _tell_press();
+    // Whoever was told may have run a dialog, and the button may be gone with its window.
+    if (::IsWindow(parent)) {
+        ::SetFocus(parent);
+    }
+}
+
+void drawn_button::_tell_press() const {
+    if (m_sink != nullptr) {
+        m_sink->OnButtonPressed(m_id);
+        return;
+    }
+    const auto id = static_cast<WORD>(::GetDlgCtrlID(m_hWnd));
+    ::SendMessageW(::GetParent(m_hWnd), WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
+                   reinterpret_cast<LPARAM>(m_hWnd));
 }
 
 void drawn_button::_set_state(state next) {

@@ -17,6 +17,8 @@ public:
     // The sink is not owned and outlives the button. id is what it hears.
     CSimpleFuckingButtonThatCanDrawWithoutReflectFuckingNotifications(IEditCommandSink2& sink, LONG id)
         : m_sink(&sink), m_id(id) {}
+    // Without a sink a press goes to the parent, as a command of a button.
+    CSimpleFuckingButtonThatCanDrawWithoutReflectFuckingNotifications() = default;
 
     // Three pictures: at rest, under the mouse, and one that no state reaches. Not owned.
     void put_Images(HIMAGELIST images) { m_images = images; }
@@ -36,9 +38,10 @@ private:
     void _on_mouse_leave();
     void _on_button_up(POINT at);
     void _set_state(state next);
+    void _tell_press() const;
 
-    IEditCommandSink2* m_sink;
-    LONG m_id;
+    IEditCommandSink2* m_sink = nullptr;
+    LONG m_id = 0;
     HIMAGELIST m_images = nullptr;
     state m_state = at_rest;
     // A request to hear when the mouse leaves is outstanding.

@@ -13,8 +13,6 @@ namespace OV_OrderDeck {
 
 namespace {
 
-// Instruments of this category are dealt in lots of a hundred.
-constexpr LONG stock_category = 2;
 constexpr double stock_quantity = 100.0;
 constexpr double other_quantity = 1.0;
 constexpr int mid_mode = 2;
@@ -88,8 +86,10 @@ void CProfileTabWindow::_update_lookup(HWND window, IUnifyControl& field, bool b
     }
     if (!pSymbolCtrl->IsEmpty()) {
         const LONG category = pSymbolCtrl->get_Category();
+        m_quantity.put_Mode(category);
         if (!bKeepQuantity && category != m_lastCategory) {
-            m_quantity.SetValue(category == stock_category ? stock_quantity : other_quantity);
+            m_quantity.SetValue(category == WTLControls::NumberEditors::stock_category ? stock_quantity
+                                                                                       : other_quantity);
         }
         m_lastCategory = category;
         m_ask_bid.SetFormat(pSymbolCtrl->get_PriceScaleCode(),

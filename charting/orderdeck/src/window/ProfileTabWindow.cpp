@@ -21,6 +21,7 @@ namespace {
 
 constexpr UINT panel_template = 202;
 constexpr UINT symbol_images = 232;
+constexpr UINT quantity_images = 211;
 constexpr int symbol_button = 203;
 constexpr UINT first_price_title = 126;
 constexpr UINT second_price_title = 127;
@@ -35,7 +36,7 @@ CProfileTabWindow::CProfileTabWindow(COrderDeckWindow* bar)
     : m_pBar(bar),
       m_first_price(*this, PanelItem::FirstPrice, first_price_title),
       m_second_price(*this, PanelItem::SecondPrice, second_price_title),
-      m_quantity(*this, PanelItem::Quantity),
+      m_quantity(this),
       m_symbol(*this, PanelItem::Symbol) {
     BS_REQUIRE(m_pBar != nullptr, E_POINTER);
 }
@@ -121,7 +122,9 @@ frame::answer CProfileTabWindow::OnInitDialog() {
         m_symbol.CreateButton(symbol_button, symbol_images);
     }
     _init_prices();
+    m_quantity.get_Editor().put_Id(PanelItem::Quantity);
     m_quantity.SubclassWindow(get_Item(PanelItem::Quantity));
+    m_quantity.put_Images(quantity_images);
     m_ask_bid.SubclassWindow(get_Item(PanelItem::AskBid));
     _init_combo_heights();
     _init_theme();

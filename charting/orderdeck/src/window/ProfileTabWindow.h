@@ -9,12 +9,12 @@
 #include "charting/orderdeck/src/window/FieldTips.h"
 #include "charting/orderdeck/src/window/LayoutPanel.h"
 #include "charting/orderdeck/src/window/PriceEdit.h"
-#include "charting/orderdeck/src/window/QuantityBox.h"
 #include "platform/win32/frame/dialog.h"
 #include "unicomp/wtlcontrols/ActualCalendar/GTDCalendar.h"
 #include "unicomp/wtlcontrols/EditCommand/EditCommand.h"
 #include "unicomp/wtlcontrols/EditCommand/IEditCommandSink2.h"
 #include "unicomp/wtlcontrols/VariousNumberEditorsCtrls/INumberEditorHost.h"
+#include "unicomp/wtlcontrols/VariousNumberEditorsCtrls/QuantityCalc.h"
 
 namespace OV_OrderDeck {
 
@@ -91,7 +91,7 @@ private:
     CFieldTips m_tips;
     details::CPriceEdit m_first_price;
     details::CPriceEdit m_second_price;
-    CQuantityBox m_quantity;
+    WTLControls::NumberEditors::CQuantityCalc m_quantity;
     // Of the symbol last seen; no category is this one, so the first symbol sets the quantity.
     LONG m_lastCategory = std::numeric_limits<LONG>::min();
     WTLControls::CEditCommandCtrlWnd2 m_symbol;

@@ -23,13 +23,6 @@ CString list_text(HWND combo, WPARAM index) {
 
 }  // namespace
 
-CString window_text(HWND window) {
-    CString text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(
-        static_cast<std::size_t>(::GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
-
 CString text_of_value(IUnifyControl& field) {
     _variant_t value = field.get_Value();
     value.ChangeType(VT_BSTR);

@@ -3,10 +3,11 @@
 
 #include "charting/orderdeck/interface/IUnifyControl.h"
 #include "platform/text.h"
+#include "platform/win32/frame/window_text.h"
 
 namespace OV_OrderDeck {
 
-CString window_text(HWND window);
+using frame::window_text;
 
 // The value of a field as text. Throws _com_error when it is none.
 CString text_of_value(IUnifyControl& field);
