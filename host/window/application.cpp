@@ -8,6 +8,7 @@
 #include "services/lookup_service.h"
 #include "services/on_command.h"
 #include "services/profile_editor.h"
+#include "services/quantity_calculator.h"
 #include "services/symbol_mapping.h"
 #include "window/describe.h"
 #include "window/disconnect_dialog.h"
@@ -80,6 +81,10 @@ void application::register_classes() {
                   [this] { return make_unknown<disconnect_confirmer>(m_desk, &may_disconnect); });
     m_classes.add(CLSID_ProfileEditor, [this] {
         return make_unknown<profile_editor>([this](HWND owner) { edit_profiles(owner); });
+    });
+    m_classes.add(CLSID_QuantityCalculator, [] {
+        return make_unknown<quantity_calculator>(
+            [](HWND owner, LONG, LONG category) { return calculate_quantity(owner, category); });
     });
     m_classes.add(CLSID_SymbolMapping, [this] {
         return make_unknown<symbol_mapping_service>(

@@ -43,6 +43,10 @@ INT_PTR dialog::handle(UINT message, WPARAM wparam, LPARAM lparam) {
         on_button(LOWORD(wparam));
         return TRUE;
     }
+    if (message == WM_COMMAND && HIWORD(wparam) == EN_CHANGE) {
+        on_change(LOWORD(wparam));
+        return TRUE;
+    }
     if (message == WM_NOTIFY) {
         const auto& notice = *reinterpret_cast<const NMHDR*>(lparam);
         if (notice.code == LVN_ITEMCHANGED) {

@@ -22,6 +22,8 @@ protected:
     virtual void on_init() = 0;
     // A button was pressed. Unless overridden OK and Cancel end the dialog.
     virtual void on_button(int id);
+    // An edit's text changed, by the user or by a program.
+    virtual void on_change(int) {}
     // A list's selection changed.
     virtual void on_select(int) {}
 

@@ -190,8 +190,8 @@ TEST_F(NumberEditCtrl, NoticesOfAnotherEditAreNotItsOwn) {
     be_quantity();
     SetWindowTextW(window, L"12");
     host.calls.clear();
-    for (const WORD code : {EN_UPDATE, EN_SETFOCUS, EN_KILLFOCUS}) {
-        send(OCM_COMMAND, MAKEWPARAM(209, code), reinterpret_cast<LPARAM>(other));
+    for (const int code : {EN_UPDATE, EN_SETFOCUS, EN_KILLFOCUS}) {
+        send(OCM_COMMAND, MAKEWPARAM(209, static_cast<WORD>(code)), reinterpret_cast<LPARAM>(other));
     }
     EXPECT_TRUE(host.calls.empty());
     EXPECT_FALSE(editor->get_Editor().IsFocused());

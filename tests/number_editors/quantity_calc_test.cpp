@@ -12,7 +12,7 @@ namespace {
 using editors::CQuantityCalc;
 
 // Records `QuantityCalculator.Calculate(owner, quantity, category)`.
-class fake_calculator final : public test::FakeRunnable<IQuantityCalculator> {
+class fake_calculator : public test::FakeRunnable<IQuantityCalculator> {
 public:
     explicit fake_calculator(test::fake_host host)
         : FakeRunnable<IQuantityCalculator>(std::move(host), "QuantityCalculator") {}
@@ -42,8 +42,9 @@ protected:
         editor->put_Images(211);
     }
     void register_calculator() {
-        registered = std::make_unique<test::fake_class>(services, CLSID_QuantityCalculator, L"",
-                                                        [this] { return calculator; });
+        registered = std::make_unique<test::fake_class>(services, CLSID_QuantityCalculator, L"", [this] {
+            return com_ptr<IUnknown>(static_cast<IQuantityCalculator*>(calculator.get()));
+        });
     }
     void press_button() const {
         SendMessageW(editor->get_Button(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));

@@ -73,15 +73,19 @@ CString fixed_text(double value) {
     return text;
 }
 
+HMODULE find_library() {
+    const HMODULE translated = platform::load_library(CString(L"mfc42loc.dll"));
+    return translated != nullptr ? translated : platform::load_library(CString(L"mfc42.dll"));
+}
+
 }  // namespace
 
 message_source system_messages() {
-    for (const wchar_t* const name : {L"mfc42loc.dll", L"mfc42.dll"}) {
-        if (const HMODULE library = platform::load_library(CString(name))) {
-            return [library](UINT id) { return platform::load_string(id, library); };
-        }
-    }
-    return [](UINT) { return std::optional<CString>(); };
+    // Looked for once: a search of the folders for each editor would be felt.
+    static const HMODULE library = find_library();
+    return [](UINT id) {
+        return library != nullptr ? platform::load_string(id, library) : std::optional<CString>();
+    };
 }
 
 validation_messages load_validation_messages(const message_source& source) {
