@@ -15,6 +15,7 @@
 #include "window/feed_association.h"
 #include "window/profile_editor_dialog.h"
 #include "window/profile_settings_dialog.h"
+#include "window/quantity_dialog.h"
 #include "window/settings_folder.h"
 #include "window/symbol_mapping_dialog.h"
 
