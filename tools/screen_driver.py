@@ -100,22 +100,30 @@ class Screen:
     def _xdotool(self, *arguments):
         subprocess.run(["xdotool", *map(str, arguments)], check=True)
 
-    def click(self, rect, part=0.5):
-        """Clicks at a part of the width, in the middle of the height."""
+    def click(self, rect, part=0.5, height=0.5, button=1):
+        """Clicks at a part of the width and of the height; button 3 is the right one."""
         x = int(rect[0] + (rect[2] - rect[0]) * part)
-        y = (rect[1] + rect[3]) // 2
-        self._xdotool("mousemove", x, y, "click", 1)
+        y = int(rect[1] + (rect[3] - rect[1]) * height)
+        self._xdotool("mousemove", x, y, "click", button)
 
     def key(self, *names):
         self._xdotool("key", *names)
 
-    def type_over(self, item, text, shown=None):
-        """Replaces the text of an edit control, as a person would, and waits until it shows."""
+    def type(self, text):
+        """Types into whatever has the focus."""
+        self._xdotool("type", "--delay", "30", text)
+
+    def enter(self, item):
+        """Puts the focus into an edit control and selects its text."""
         edit = self.control(item, "Edit")
         self.click(edit["rect"], 0.25)
         self.wait(f"the focus in edit {item}", lambda: self.find(id=item, **{"class": "Edit"}, focus=True))
         self.key("Home", "shift+End")
-        self._xdotool("type", "--delay", "30", text)
+
+    def type_over(self, item, text, shown=None):
+        """Replaces the text of an edit control, as a person would, and waits until it shows."""
+        self.enter(item)
+        self.type(text)
         wanted = text if shown is None else shown
         self.wait(f"{wanted!r} in edit {item}", lambda: self.text_of(item, "Edit") == wanted)
 

@@ -10,21 +10,13 @@ import datetime
 import math
 import os
 import shutil
-import subprocess
 import sys
 
-from screen_driver import Screen, ScreenError
-
-ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
-
-# Dialog items of the order row, and windows of the host.
-SYMBOL, TYPE, QUANTITY, STOP, LIMIT = 203, 206, 209, 214, 217
-ACCOUNT, TIME_IN_FORCE, DATE = 220, 222, 228
-BUTTONS = {"buy": 225, "sell": 227}
-INSTRUMENTS, BLOTTER = 1001, 1002
+from screen_bar import (ACCOUNT, BLOTTER, BUTTONS, INSTRUMENTS, LIMIT, QUANTITY, ROOT, STOP, SYMBOL, TIME_IN_FORCE, TYPE, TYPES,
+                        Bar, forget_earlier_sessions)
+from screen_driver import ScreenError
 
 ACTIONS = {"buy": 1, "sell": 2}
-TYPES = {"market": (1, "市價單"), "stop": (2, "停止單"), "limit": (3, "限價單"), "stop limit": (4, "停止限價單")}
 TIMES = {"DAY": 1, "GTC": 2, "GTD": 3, "IOC": 4, "FOK": 5, "AON": 6}
 
 # Prices stand as typed and as the number that has to arrive.
@@ -47,34 +39,13 @@ def expected(order):
     """The seven arguments; the date as its day, since its time of day is the moment the tab was made."""
     return {
         "action": ACTIONS[order["side"]],
-        "category": TYPES[order["type"]][0],
+        "category": TYPES[order["type"]].code,
         "quantity": order["quantity"],
         "stop_price": order.get("stop", ("", 0.0))[1],
         "limit_price": order.get("limit", ("", 0.0))[1],
         "time_in_force": TIMES[order["time"]],
         "gtd_date": ole_day(datetime.date.today()),
     }
-
-
-def forget_earlier_sessions():
-    """What the bar remembers of earlier runs would be one more input."""
-    key = r"HKCU\SOFTWARE\OrderDeck\OrderDeck Host\Order Deck"
-    subprocess.run([os.path.join(ROOT, "tools", "wine-run"), "reg", "delete", key, "/f"],
-                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
-
-
-def select_tab(screen, name):
-    def tab():
-        for strip in screen.find(**{"class": "SysTabControl32"}):
-            for index, item in enumerate(strip["items"]):
-                if item["text"] == name:
-                    return strip, index, item
-        return None
-
-    strip, index, item = screen.wait(f"tab {name!r}", tab)
-    if strip["selected"] != index:
-        screen.click(item["rect"])
-    screen.wait(f"tab {name!r} selected", lambda: tab()[0]["selected"] == index)
 
 
 def set_symbol(screen, order):
@@ -89,7 +60,7 @@ def set_symbol(screen, order):
 
 def fill_in(screen, order):
     set_symbol(screen, order)
-    screen.choose(TYPE, TYPES[order["type"]][1])
+    screen.choose(TYPE, TYPES[order["type"]].text)
     screen.choose(TIME_IN_FORCE, order["time"])
     if "account" in order:
         screen.choose(ACCOUNT, order["account"])
@@ -98,15 +69,6 @@ def fill_in(screen, order):
         screen.type_over(STOP, order["stop"][0])
     if "limit" in order:
         screen.type_over(LIMIT, order["limit"][0])
-
-
-def tab_image(screen, name):
-    """The mark on a tab: 0 disconnected, 1 connected, 2 in between."""
-    for strip in screen.find(**{"class": "SysTabControl32"}):
-        for item in strip["items"]:
-            if item["text"] == name:
-                return item["image"]
-    return None
 
 
 def connect_by_menu(screen, name):
@@ -123,9 +85,9 @@ def connect_by_menu(screen, name):
     item = screen.wait(f"a menu line for {name!r}", line)
     screen.picture("profile-menu")
     screen.click(item["rect"])
-    screen.wait(f"{name!r} connecting", lambda: tab_image(screen, name) == 2)
+    screen.wait(f"{name!r} connecting", lambda: screen.tab_image(name) == 2)
     screen.picture("connecting")
-    screen.wait(f"{name!r} connected", lambda: tab_image(screen, name) == 1)
+    screen.wait(f"{name!r} connected", lambda: screen.tab_image(name) == 1)
 
 
 def cancel_newest(screen):
@@ -138,7 +100,7 @@ def cancel_newest(screen):
 
 
 def play(screen):
-    select_tab(screen, "Paper")
+    screen.select_tab("Paper")
     screen.picture("start")
     connect_by_menu(screen, "Paper Remote")
     for number, order in enumerate(ORDERS, 1):
@@ -194,7 +156,7 @@ def main():
     forget_earlier_sessions()
     settings = os.path.join(folder, "settings")
     shutil.rmtree(settings, ignore_errors=True)
-    screen = Screen(ROOT, folder, "--frozen-quotes", "--seed", "7", "--settings", settings)
+    screen = Bar(folder, "--frozen-quotes", "--seed", "7", "--settings", settings)
     try:
         play(screen)
     except ScreenError as error:

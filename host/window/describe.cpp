@@ -116,6 +116,24 @@ void add_menu(HWND window, json& out) {
     }
 }
 
+// The menu bar of a window, if it has one.
+void add_menu_bar(HWND window, json& out) {
+    const HMENU menu = GetMenu(window);
+    if (menu == nullptr) {
+        return;
+    }
+    out["menus"] = json::array();
+    const int count = GetMenuItemCount(menu);
+    for (int index = 0; index < count; ++index) {
+        const auto position = static_cast<UINT>(index);
+        const UINT state = GetMenuState(menu, position, MF_BYPOSITION);
+        std::array<wchar_t, 64> text{};
+        GetMenuStringW(menu, position, text.data(), static_cast<int>(text.size()), MF_BYPOSITION);
+        out["menus"].push_back(
+            {{"text", to_utf8(text.data())}, {"enabled", (state & (MF_GRAYED | MF_DISABLED)) == 0}});
+    }
+}
+
 void add_items(HWND window, const std::wstring& kind, json& out) {
     if (kind == WC_COMBOBOXW) {
         add_combo(window, out);
@@ -152,6 +170,9 @@ void add_window(HWND window, HWND parent, json& all) {
              {"enabled", IsWindowEnabled(window) != FALSE},
              {"focus", GetFocus() == window}};
     add_items(window, kind, out);
+    if (parent == nullptr) {
+        add_menu_bar(window, out);
+    }
     all.push_back(std::move(out));
 }
 

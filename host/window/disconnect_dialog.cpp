@@ -19,7 +19,7 @@ private:
         set_text(IDC_QUESTION, m_profile + " has " + count +
                                    ". They stay at the exchange, but this application can't cancel them "
                                    "until the profile is connected again.");
-        add_columns(IDC_LIVE_ORDERS, {{"Order", 250}, {"Account", 100}, {"Status", 80}});
+        add_columns(IDC_LIVE_ORDERS, {{"Order", 240}, {"Account", 100}, {"Status", 76}});
         std::vector<std::vector<std::string>> rows;
         for (const order& one : m_live) {
             rows.push_back(

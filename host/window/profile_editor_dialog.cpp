@@ -22,7 +22,7 @@ public:
 
 private:
     void on_init() override {
-        add_columns(IDC_PROFILES, {{"Name", 150}, {"Broker", 170}, {"State", 96}});
+        add_columns(IDC_PROFILES, {{"Name", 150}, {"Broker", 164}, {"State", 90}});
         add_choices(IDC_PLUGIN, plugins(), 0);
         SendDlgItemMessageW(window(), IDC_PROFILE_NAME, EM_SETLIMITTEXT, 60, 0);
         show({});

@@ -32,7 +32,7 @@ private:
         add_choices(IDC_FEED, feeds, -1);
         SendDlgItemMessageW(window(), IDC_FEED, CB_LIMITTEXT, 255, 0);
         set_text(IDC_FEED, m_feed);
-        add_columns(IDC_SYMBOLS, {{"Symbol", 90}, {"Description", 220}, {"Exchange", 90}});
+        add_columns(IDC_SYMBOLS, {{"Symbol", 90}, {"Description", 200}, {"Exchange", 84}});
         std::vector<std::vector<std::string>> rows;
         for (const instrument& one : instruments()) {
             rows.push_back({one.name, one.description, one.exchange});

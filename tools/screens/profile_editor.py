@@ -1,0 +1,63 @@
+"""Profiles are renamed, moved, reloaded and removed; the host keeps them for its next start."""
+
+from screen_bar import SYMBOL, write_profiles
+
+PROFILES, NAME = 1101, 1103
+REMOVE, RENAME, MOVE_UP, MOVE_DOWN, RELOAD = 1105, 1106, 1107, 1108, 1109
+
+
+def names(bar):
+    return [row["texts"][0] for row in bar.find(id=PROFILES)[0]["rows"]]
+
+
+def tab_names(bar):
+    return [one["text"] for one in bar.tabs()]
+
+
+def play(stage):
+    write_profiles(stage.settings, ("Alpha", 0, 0), ("Beta", 0, 0), ("Gamma", 0, 0))
+    bar = stage.open()
+    bar.select_tab("Alpha")
+    bar.choose_instrument("ESZ6")
+    bar.key("ctrl+shift+p")
+    bar.dialog("Trading profiles")
+    bar.click(bar.row(PROFILES, 0, "Alpha")["rect"], 0.1)
+    bar.wait("its name", lambda: bar.text_of(NAME, "Edit") == "Alpha")
+    bar.type_over(NAME, "Beta")
+    bar.press_button(RENAME)
+    assert bar.message() == "Another profile has this name."
+    bar.answer()
+    bar.type_over(NAME, "Omega")
+    bar.press_button(RENAME)
+    bar.wait("the new name", lambda: names(bar) == ["Omega", "Beta", "Gamma"])
+    assert tab_names(bar) == ["Alpha", "Beta", "Gamma"], "a tab takes a new name with a reload"
+    bar.press_button(MOVE_DOWN)
+    bar.wait("one down", lambda: names(bar) == ["Beta", "Omega", "Gamma"])
+    bar.picture("renamed-and-moved")
+    bar.press_button(RELOAD)
+    bar.wait("the tabs anew", lambda: tab_names(bar) == ["Beta", "Gamma", "Omega"])
+    bar.key("Escape")
+    bar.wait_without_dialog("Trading profiles")
+    bar.select_tab("Omega")
+    bar.wait("no symbol after a reload", lambda: bar.text_of(SYMBOL, "Edit") == "")
+    bar.picture("reloaded")
+
+    # The one that shows goes.
+    bar.key("ctrl+shift+p")
+    bar.dialog("Trading profiles")
+    bar.click(bar.row(PROFILES, 0, "Omega")["rect"], 0.1)
+    bar.wait("its name", lambda: bar.text_of(NAME, "Edit") == "Omega")
+    bar.press_button(REMOVE)
+    bar.wait("two tabs", lambda: tab_names(bar) == ["Beta", "Gamma"])
+    assert names(bar) == ["Beta", "Gamma"]
+    bar.key("Escape")
+    bar.wait_without_dialog("Trading profiles")
+    bar.wait("the leftmost shows", lambda: bar.current_tab() == "Beta")
+    bar.choose_instrument("KO")
+    assert bar.place("buy")["profile"] == "Beta"
+    bar.picture("removed")
+    bar.leave()
+
+    again = stage.open("again")
+    again.wait("the tabs of the last run", lambda: tab_names(again) == ["Beta", "Gamma"])
+    again.leave()
