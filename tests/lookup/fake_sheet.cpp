@@ -24,7 +24,7 @@ public:
 
 // The one sheet maker's host and plan.
 struct maker_state {
-    std::optional<fake_host> host;
+    fake_host host;
     std::shared_ptr<dialog_plan> plan;
 };
 
@@ -35,9 +35,9 @@ maker_state& the_maker() {
 
 HRESULT make_sheet(IUnknown** sheet) {
     const maker_state& maker = the_maker();
-    maker.host->enter("Library", {}, "CreateResizablePropertySheet");
+    maker.host.enter("Library", {}, "CreateResizablePropertySheet");
     if (maker.plan->makes_sheet) {
-        *sheet = platform::make_com<FakeSheet>(*maker.host, maker.plan).detach()->GetUnknown();
+        *sheet = platform::make_com<FakeSheet>(maker.host, maker.plan).detach()->GetUnknown();
     }
     return maker.plan->sheet_result;
 }

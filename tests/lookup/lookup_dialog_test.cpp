@@ -37,7 +37,7 @@ protected:
     // By the dialog only.
     HRESULT ask(const wchar_t* name = L"", OD_SSymbolInfo* selected = nullptr, LONG flags = 2) {
         reset();
-        return lookup->GetSymbolInfo(_bstr_t(name), flags, selected, &*info, &result);
+        return lookup->GetSymbolInfo(_bstr_t(name), flags, selected, info.get(), &result);
     }
     void refuse(REFIID iid, HRESULT hr = E_NOINTERFACE) { plan->refused[test::id_text(iid)] = hr; }
 

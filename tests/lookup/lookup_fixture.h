@@ -44,21 +44,21 @@ protected:
     // A fresh record with the answer in result.
     HRESULT by_name(const wchar_t* name, LONG flags = 1) {
         reset();
-        return lookup->GetSymbolInfo(_bstr_t(name), flags, nullptr, &*info, &result);
+        return lookup->GetSymbolInfo(_bstr_t(name), flags, nullptr, info.get(), &result);
     }
     HRESULT by_id(LONG id) {
         reset();
-        return lookup->GetSymbolInfoById(id, &*info, &result);
+        return lookup->GetSymbolInfoById(id, info.get(), &result);
     }
     HRESULT by_request(const wchar_t* name, const wchar_t* exchange, const wchar_t* feed, LONG category) {
         reset();
         const _bstr_t texts[] = {name, exchange, feed};
         OD_SSymbolReq req{texts[0].copy(false), texts[1].copy(false), texts[2].copy(false), category};
-        return lookup->GetSymbolInfoByReq(&req, &*info, &result);
+        return lookup->GetSymbolInfoByReq(&req, info.get(), &result);
     }
 
     void reset() {
-        info.emplace();
+        info = std::make_unique<OV_OrderDeck::symbol_info_holder>();
         result = untold;
     }
 
@@ -70,7 +70,8 @@ protected:
     fake_host host;
     std::shared_ptr<symbol_store> store = std::make_shared<symbol_store>();
     com_ptr<TestLookupImpl> lookup = platform::make_com<TestLookupImpl>();
-    std::optional<OV_OrderDeck::symbol_info_holder> info;
+    std::unique_ptr<OV_OrderDeck::symbol_info_holder> info =
+        std::make_unique<OV_OrderDeck::symbol_info_holder>();
     OD_LookupResult result = eODLR_Selected;
     diagnostics_recorder diagnostics;
 

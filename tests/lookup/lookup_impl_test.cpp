@@ -92,9 +92,9 @@ TEST_F(lookup_impl, by_name_a_service_that_is_not_ready_comes_before_null_pointe
     EXPECT_EQ(lookup->GetSymbolInfo(nullptr, 0, nullptr, nullptr, nullptr), static_cast<HRESULT>(0x80040007));
     initialize();
     reset();
-    EXPECT_EQ(lookup->GetSymbolInfo(nullptr, 1, nullptr, &*info, &result), E_INVALIDARG);
+    EXPECT_EQ(lookup->GetSymbolInfo(nullptr, 1, nullptr, info.get(), &result), E_INVALIDARG);
     EXPECT_EQ(lookup->GetSymbolInfo(_bstr_t(L"A"), 1, nullptr, nullptr, &result), E_INVALIDARG);
-    EXPECT_EQ(lookup->GetSymbolInfo(_bstr_t(L"A"), 1, nullptr, &*info, nullptr), E_INVALIDARG);
+    EXPECT_EQ(lookup->GetSymbolInfo(_bstr_t(L"A"), 1, nullptr, info.get(), nullptr), E_INVALIDARG);
     EXPECT_EQ(result, untold);
 }
 
@@ -166,7 +166,7 @@ TEST_F(lookup_impl, what_stood_in_the_record_is_overwritten_with_zeros) {
     info->Currency = 5;
     info->StrikePrice = 3.0;
     info->id = 9;
-    EXPECT_EQ(lookup->GetSymbolInfo(_bstr_t(L"NQZ6"), 1, nullptr, &*info, &result), S_OK);
+    EXPECT_EQ(lookup->GetSymbolInfo(_bstr_t(L"NQZ6"), 1, nullptr, info.get(), &result), S_OK);
     EXPECT_EQ(info->Currency, 0);
     EXPECT_EQ(info->StrikePrice, 0.0);
     EXPECT_EQ(info->id, 0);
@@ -177,7 +177,7 @@ TEST_F(lookup_impl, a_plugin_without_a_feed_gives_the_defaults_with_the_name_and
     for (const LONG flags : {0, 1, 3}) {
         reset();
         info->Currency = 5;
-        EXPECT_EQ(lookup->GetSymbolInfo(_bstr_t(L"ESZ6"), flags, nullptr, &*info, &result), S_OK);
+        EXPECT_EQ(lookup->GetSymbolInfo(_bstr_t(L"ESZ6"), flags, nullptr, info.get(), &result), S_OK);
         EXPECT_EQ(result, eODLR_NotSupported);
         expect_defaults(L"ESZ6", L"");
         EXPECT_EQ(info->Currency, 5);
@@ -260,7 +260,7 @@ TEST_F(lookup_impl, an_id_is_found_without_a_feed_and_in_either_table) {
 TEST_F(lookup_impl, by_id_null_pointers_are_refused_and_readiness_is_not_asked_for) {
     reset();
     EXPECT_EQ(lookup->GetSymbolInfoById(5, nullptr, &result), E_INVALIDARG);
-    EXPECT_EQ(lookup->GetSymbolInfoById(5, &*info, nullptr), E_INVALIDARG);
+    EXPECT_EQ(lookup->GetSymbolInfoById(5, info.get(), nullptr), E_INVALIDARG);
     EXPECT_EQ(by_id(5), S_OK);
     EXPECT_EQ(result, eODLR_NotSupported);
     expect_defaults(L"", L"");
@@ -272,9 +272,9 @@ TEST_F(lookup_impl, by_id_null_pointers_are_refused_and_readiness_is_not_asked_f
 TEST_F(lookup_impl, by_request_null_pointers_are_refused) {
     reset();
     OD_SSymbolReq req{};
-    EXPECT_EQ(lookup->GetSymbolInfoByReq(nullptr, &*info, &result), E_INVALIDARG);
+    EXPECT_EQ(lookup->GetSymbolInfoByReq(nullptr, info.get(), &result), E_INVALIDARG);
     EXPECT_EQ(lookup->GetSymbolInfoByReq(&req, nullptr, &result), E_INVALIDARG);
-    EXPECT_EQ(lookup->GetSymbolInfoByReq(&req, &*info, nullptr), E_INVALIDARG);
+    EXPECT_EQ(lookup->GetSymbolInfoByReq(&req, info.get(), nullptr), E_INVALIDARG);
 }
 
 TEST_F(lookup_impl, by_request_the_plugin_counts_even_where_the_name_is_a_feed) {

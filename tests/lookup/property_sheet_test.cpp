@@ -24,7 +24,7 @@ static_assert(std::is_abstract_v<CQVPropSheetWrapBase>);
 int make_a_sheet() {
     CQVResizablePropSheetWrap wrap;
     const auto hr = static_cast<unsigned>(wrap.CreateSheet());
-    std::cout << std::hex << hr << (wrap.get_Sheet() == nullptr ? " empty" : " sheet") << std::endl;
+    std::cout << std::hex << hr << (wrap.get_Sheet() == nullptr ? " empty" : " sheet") << '\n' << std::flush;
     return 0;
 }
 

@@ -88,6 +88,15 @@ TEST_F(symbol_control, makes_its_service_on_the_first_lookup_and_keeps_it) {
     EXPECT_EQ((calls{"Lookup.GetSymbolInfoById(3)", "Lookup.IsPluginSupported(\"x\")"}), host.calls());
 }
 
+TEST_F(symbol_control, takes_the_components_own_service_where_none_is_registered) {
+    lookup_class.reset();
+    EXPECT_TRUE(control().IsPluginSupported(L"CQG-FIX"));
+    EXPECT_FALSE(control().IsPluginSupported(L"x"));
+    EXPECT_TRUE(control().IsPluginSupported(L"")) << "it knows the plug-in of the row";
+    EXPECT_TRUE(reported().empty());
+    EXPECT_EQ(0, host.count("Lookup"));
+}
+
 TEST_F(symbol_control, lets_its_service_go_with_the_row) {
     control().LookupByName(L"nothing");
     const ULONG with_row = (lookup->AddRef(), lookup->Release());

@@ -10,7 +10,7 @@ tab_fixture::tab_fixture()
     : profile(platform::make_com<FakeProfile>(host, L"Alpha")),
       lookup(platform::make_com<TestLookup>(host)),
       service(lookup->GetUnknown()),
-      lookup_class(host, __uuidof(LookupImpl), L"LookupImpl", [this] { return service; }),
+      lookup_class(std::in_place, host, __uuidof(LookupImpl), L"LookupImpl", [this] { return service; }),
       bar(boost::make_shared<FakeTabCtrl>(host)) {
     profile->plugin = L"CQG-FIX";
     profile->trading->accounts = {L"A1", L"A2"};

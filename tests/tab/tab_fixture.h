@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -104,7 +105,7 @@ protected:
     com_ptr<TestLookup> lookup;
     // What creating the lookup class gives: the one above until a test says otherwise.
     com_ptr<IUnknown> service;
-    fake_class lookup_class;
+    std::optional<fake_class> lookup_class;
     com_ptr<OV_OrderDeck::CProfileWrap> wrap;
     boost::shared_ptr<FakeTabCtrl> bar;
     boost::shared_ptr<OV_OrderDeck::CTab> tab;

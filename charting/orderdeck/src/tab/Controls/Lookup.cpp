@@ -1,10 +1,12 @@
 #include "charting/orderdeck/src/tab/Controls/Lookup.h"
 
+#include "charting/orderdeck/src/lookup/LookupImpl.h"
 #include "charting/orderdeck/src/root/FindMainFrame.h"
 #include "charting/orderdeck/src/root/ProfileWrap.h"
 #include "charting/orderdeck/src/tab/MessageBox.h"
 #include "charting/orderdeck/src/tab/Tab.h"
 #include "diagnostics/BugSlayerUtil.h"
+#include "platform/class_factory.h"
 #include "unicomp/Simples/interface/FillText.h"
 #include "unicomp/Simples/interface/resource_string.h"
 
@@ -12,8 +14,6 @@ namespace OV_OrderDeck {
 
 namespace {
 
-// CLSCTX_ALL: the service may live anywhere.
-constexpr DWORD any_context = 0x17;
 constexpr LONG quiet_flag = 1;
 constexpr UINT type_the_name = 119;
 constexpr UINT offer_to_connect = 120;
@@ -28,6 +28,21 @@ void require(const BugSlayerUtil::code_location& where, const char* text, HRESUL
 // Never null: the service takes an empty text as a text.
 _bstr_t text_argument(const CString& text) {
     return {platform::new_bstr(text), false};
+}
+
+// The service as the host or the machine has registered it; without that the component's own, since a host
+// may load the component by its path and register nothing. A server in another process is not asked for:
+// to find that there is none takes seconds.
+HRESULT create_service(com_ptr<IOD_LookupImpl>& lookup) {
+    const HRESULT hr =
+        CoCreateInstance(__uuidof(LookupImpl), nullptr, CLSCTX_INPROC_SERVER, __uuidof(IOD_LookupImpl),
+                         static_cast<void**>(platform::receive(lookup)));
+    if (hr != REGDB_E_CLASSNOTREG) {
+        return hr;
+    }
+    const auto factory = platform::make_com<platform::class_factory<CLookupImpl>>();
+    return factory->CreateInstance(nullptr, __uuidof(IOD_LookupImpl),
+                                   static_cast<void**>(platform::receive(lookup)));
 }
 
 bool has_text(OD_LookupResult result) {
@@ -146,9 +161,7 @@ IOD_LookupImpl& CLookup::_get_lookup() {
         return *m_pLookup;
     }
     com_ptr<IOD_LookupImpl> lookup;
-    require(BS_HERE, "CoCreateInstance",
-            CoCreateInstance(__uuidof(LookupImpl), nullptr, any_context, __uuidof(IOD_LookupImpl),
-                             static_cast<void**>(platform::receive(lookup))));
+    require(BS_HERE, "CoCreateInstance", create_service(lookup));
     if (!BS_ASSERT(lookup)) {
         _com_issue_error(E_POINTER);
     }
