@@ -257,6 +257,52 @@ TEST_F(NumberEditCtrl, ABalloonShowsARefusedValueUntilAValidTextIsLeft) {
     EXPECT_FALSE(IsWindowVisible(tip));
 }
 
+// Presses OK in the box that is open, and keeps what it said.
+class box_answerer {
+public:
+    box_answerer() { m_timer = SetTimer(nullptr, 0, 10, &box_answerer::answer); }
+    ~box_answerer() { KillTimer(nullptr, m_timer); }
+    box_answerer(const box_answerer&) = delete;
+    box_answerer& operator=(const box_answerer&) = delete;
+
+    static inline CString text;
+    static inline HWND owner = nullptr;
+
+private:
+    static void CALLBACK answer(HWND, UINT, UINT_PTR, DWORD) {
+        const HWND box = FindWindowW(L"#32770", L"Invalid property value");
+        if (box != nullptr) {
+            owner = GetWindow(box, GW_OWNER);
+            text = text_of(GetDlgItem(box, 0xFFFF));
+            PostMessageW(box, WM_COMMAND, IDOK, 0);
+        }
+    }
+    UINT_PTR m_timer;
+};
+
+TEST_F(NumberEditCtrl, ABoxOverTheOwnerTellsARefusalAndGivesTheFocusBack) {
+    be_quantity();
+    auto& validator = editor->get_Editor().get_Validator();
+    const LONG id = GetDlgCtrlID(window);
+    editors::SValidationRule rule = *validator.FindRule(id);
+    rule.feedback = editors::EFeedback::Box;
+    validator.SetRule(id, rule);
+    const box_answerer answerer;
+    EXPECT_EQ(validator.Report(id, editors::Check::Range), 0);
+    EXPECT_EQ(box_answerer::text, L"Please enter an integer between 1 and 1000000000.");
+    EXPECT_EQ(box_answerer::owner, parent);
+    EXPECT_EQ(GetFocus(), window);
+}
+
+TEST_F(NumberEditCtrl, ARefusalIsToldByABeepWhenItsEditIsGone) {
+    be_quantity();
+    auto& validator = editor->get_Editor().get_Validator();
+    const LONG id = GetDlgCtrlID(window);
+    DestroyWindow(window);
+    EXPECT_EQ(validator.Report(id, editors::Check::Range), ERROR_INVALID_HANDLE);
+    EXPECT_EQ(editor->get_Balloon().get_Tip(), nullptr);
+}
+
 TEST_F(NumberEditCtrl, AnErasedEditDrawsItsSpinAgain) {
     MoveWindow(editor->get_Spin(), 90, 2, 16, 16, TRUE);
     UpdateWindow(window);

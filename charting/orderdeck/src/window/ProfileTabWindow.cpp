@@ -23,6 +23,8 @@ constexpr UINT panel_template = 202;
 constexpr UINT symbol_images = 232;
 constexpr UINT quantity_images = 211;
 constexpr int symbol_button = 203;
+constexpr UINT symbol_title = 111;
+constexpr UINT quantity_title = 128;
 constexpr UINT first_price_title = 126;
 constexpr UINT second_price_title = 127;
 constexpr UINT first_price_cue = 134;
@@ -126,6 +128,7 @@ frame::answer CProfileTabWindow::OnInitDialog() {
     m_quantity.SubclassWindow(get_Item(PanelItem::Quantity));
     m_quantity.put_Images(quantity_images);
     m_ask_bid.SubclassWindow(get_Item(PanelItem::AskBid));
+    _init_names();
     _init_combo_heights();
     _init_theme();
     make_room_for_texts(m_hWnd, m_layout_panel);
@@ -147,6 +150,16 @@ void CProfileTabWindow::_init_prices() {
         const CString cue = L" " + resource_string::text(each.cue);
         ::SendMessageW(edit, EM_SETCUEBANNER, FALSE, reinterpret_cast<LPARAM>(cue.c_str()));
         m_tips.Register(m_hWnd, edit);
+    }
+}
+
+void CProfileTabWindow::_init_names() {
+    constexpr std::array<std::pair<int, UINT>, 4> titles{{{PanelItem::Symbol, symbol_title},
+                                                          {PanelItem::Quantity, quantity_title},
+                                                          {PanelItem::FirstPrice, first_price_title},
+                                                          {PanelItem::SecondPrice, second_price_title}}};
+    for (std::size_t i = 0; i < titles.size(); ++i) {
+        m_names[i].Attach(get_Item(titles[i].first), resource_string::text(titles[i].second));
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <boost/shared_ptr.hpp>
 #include <limits>
 
@@ -9,6 +10,7 @@
 #include "charting/orderdeck/src/window/FieldTips.h"
 #include "charting/orderdeck/src/window/LayoutPanel.h"
 #include "charting/orderdeck/src/window/PriceEdit.h"
+#include "platform/win32/frame/accessible_name.h"
 #include "platform/win32/frame/dialog.h"
 #include "unicomp/wtlcontrols/ActualCalendar/GTDCalendar.h"
 #include "unicomp/wtlcontrols/EditCommand/EditCommand.h"
@@ -72,6 +74,7 @@ private:
     frame::answer OnDeltaSpinChanged(const NMHDR& notice);
 
     void _init_prices();
+    void _init_names();
     void _init_combo_heights();
     void _init_theme();
 
@@ -99,6 +102,8 @@ private:
     CLayoutPanel m_layout_panel;
     CCtrlsLayout m_layout{m_layout_panel};
     WTLControls::CGTDCalendar m_calendar;
+    // Of the edits, which have no labels.
+    std::array<frame::accessible_name, 4> m_names;
     // A symbol action runs: the dialog that it opens takes the focus, which must not start another.
     bool m_bInSymbolAction = false;
     // The panel itself writes a window's text: the change notice that comes of it is not the user's.
