@@ -31,6 +31,7 @@ protected:
 
     MTUtils::CMTUEvent m_threadState;
     MTUtils::CMTUEvent m_wakeEvent;
+    platform::thread m_threadHandle;
 
 private:
     DWORD _thread_body();
@@ -45,7 +46,6 @@ private:
     unsigned m_stackSize;
     std::atomic<bool> m_noAutoStart{false};
     std::atomic<DWORD> m_threadId{0};
-    platform::thread m_threadHandle;
 };
 
 class CThread : public CThreadBase {
