@@ -44,6 +44,9 @@ public:
     // Hears that the settings changed.
     std::function<void()> on_change = [] {};
 
+    // Quotes no instrument until one is set again.
+    void forget_symbol() { m_session->instrument_id = 0; }
+
     void rename(const std::string& name) { m_session->name = name; }
 
     const session& shared() const { return *m_session; }

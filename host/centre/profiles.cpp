@@ -130,6 +130,9 @@ bool profiles::move(const std::string& outer_id, int step) {
 }
 
 void profiles::reload() {
+    for (const ref<profile>& one : m_items) {
+        one->forget_symbol();
+    }
     tell(eTM_CTOE_ReloadStart, nullptr);
     tell(eTM_CTOE_ReloadComplete, nullptr);
 }

@@ -48,7 +48,7 @@ public:
     // By one place up (-1) or down (1). False when the profile isn't there or stands at the end.
     bool move(const std::string& outer_id, int step);
 
-    // Says that all profiles are to be read anew.
+    // Says that all profiles are to be read anew. Who reads them sets their symbols anew, too.
     void reload();
 
     // As a file keeps them.

@@ -274,6 +274,19 @@ TEST_F(HostCentre, AReloadIsItsStartAndItsEnd) {
     EXPECT_TRUE(sink->seen.empty());
 }
 
+TEST_F(HostCentre, AfterAReloadNothingIsQuotedUntilASymbolIsSet) {
+    set_symbol(m_world.instant(), "ESZ6");
+    m_world.later.run();
+    const auto sink = make<recorder>();
+    advise(m_world.instant(), __uuidof(ITC_TradingProfileDataChange), sink.get());
+    m_world.all->reload();
+    m_world.all->push_quotes();
+    EXPECT_TRUE(sink->quotes.empty());
+    set_symbol(m_world.instant(), "ESZ6");
+    m_world.all->push_quotes();
+    EXPECT_EQ(sink->quotes.size(), 1u);
+}
+
 TEST_F(HostCentre, RemovingAllDisconnectsThemAndIsToldOnce) {
     const auto sink = make<item_recorder>();
     advise(*m_world.all, __uuidof(ITC_ItemsChanged), sink.get());
