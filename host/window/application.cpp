@@ -235,7 +235,7 @@ const profile* application::active_profile() const {
 void application::refresh_menu() {
     const profile* active = active_profile();
     const std::string name = active == nullptr ? std::string() : active->shared().name;
-    const std::string of = name.empty() ? std::string() : " of " + name;
+    const std::string of = name.empty() ? std::string() : " of " + literal_menu_text(name);
     const bool idle = active != nullptr && active->state() == eTM_CC_Disconnected;
     m_menu.refresh(name, {{"Show Profile Settings", "Profile &settings" + of + "...", idle,
                            [this, outer_id = m_bar.active_tab()] { show_settings(outer_id); }},

@@ -21,6 +21,13 @@ std::wstring with_key(const std::string& text, const std::string& command) {
 
 }  // namespace
 
+std::string literal_menu_text(std::string text) {
+    for (auto at = text.find('&'); at != std::string::npos; at = text.find('&', at + 2)) {
+        text.insert(at, 1, '&');
+    }
+    return text;
+}
+
 void trading_menu::refresh(const std::string& active, std::vector<menu_command> own) {
     m_lines.clear();
     add_bar_lines(active);
@@ -38,11 +45,12 @@ void trading_menu::add_bar_lines(const std::string& active) {
         const bool is_editor = index + 1 == lines.size();
         const bool is_active = !is_editor && !active.empty() && profile_of(one.name) == active;
         const std::string command = is_editor ? "Show Profile Editor" : is_active ? "Toggle Connection" : "";
-        m_lines.push_back({command, one.name, one.enabled, one.checked, [run = one.command] {
-                               if (run != nullptr) {
-                                   run->Execute();
-                               }
-                           }});
+        m_lines.push_back(
+            {command, literal_menu_text(one.name), one.enabled, one.checked, [run = one.command] {
+                 if (run != nullptr) {
+                     run->Execute();
+                 }
+             }});
     }
 }
 

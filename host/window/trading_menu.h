@@ -55,6 +55,9 @@ private:
     std::vector<line> m_lines;
 };
 
+// A text that a menu then shows letter by letter: a single & would only underline what follows it.
+std::string literal_menu_text(std::string text);
+
 // The key that a message presses, with its modifiers; 0 for any other message and for a key held down.
 std::uint32_t pressed_key(const MSG& message);
 
