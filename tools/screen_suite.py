@@ -22,6 +22,7 @@ SCENES = (
     "order_types",
     "prices",
     "quantity",
+    "calculator",
     "hot_keys",
     "profile_settings",
     "profile_editor",

@@ -35,7 +35,8 @@ std::optional<purchase> buy_lots(double money, double price, int lot) {
         return std::nullopt;
     }
     const double one_lot = price * lot;
-    const double most_lots = static_cast<double>(most_quantity / lot);
+    const int whole_lots = most_quantity / lot;
+    const double most_lots = whole_lots;
     double lots = std::clamp(std::floor(money / one_lot), 0.0, most_lots);
     // A quotient such as 0.3 / 0.1 lies a hair below the whole number that the money does pay for.
     constexpr double hair = 1e-9;
