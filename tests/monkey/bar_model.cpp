@@ -9,18 +9,24 @@ void bar_model::start() {
     for (const int profile : m_host.listed) {
         add(profile, true);
     }
+    filled();
     m_out = {};
 }
 
 outcome bar_model::perform(const action& done) {
     m_out = {};
     m_host.yes = done.yes;
+    begin(done);
     try {
         dispatch(done);
     } catch (const raised& failure) {
-        m_out.error = failure.error;
+        add_error(failure.error);
     }
     return m_out;
+}
+
+void bar_model::add_error(const std::string& error) {
+    m_out.error += (m_out.error.empty() ? "" : " ") + error;
 }
 
 row_model* bar_model::find(LONG id) const {
@@ -187,7 +193,7 @@ void bar_model::reload() {
     remove_all();
     if (m_host.fails(broken::items)) {
         m_out.assertions.emplace_back("*");
-        throw raised{"failed"};
+        throw raised{"0x80004003"};
     }
     for (const int profile : m_host.listed) {
         add(profile, false);
@@ -197,7 +203,7 @@ void bar_model::reload() {
 
 void bar_model::drive(const action& done) {
     row_model* const row = row_of(host_model::profile_of(done.who));
-    if (row == nullptr) {
+    if (row == nullptr || (done.what == act::drive_symbol_id && !restores())) {
         return;
     }
     switch (done.what) {

@@ -44,12 +44,18 @@ protected:
     virtual void removed(const row_model& row) = 0;
     virtual void removed_all() = 0;
     virtual void drive_to(LONG id) = 0;
+    // The first profiles are there and nothing is shown yet.
+    virtual void filled() {}
+    virtual void begin(const action&) {}
+    // Whether the host's restoring of a tab is played at all.
+    virtual bool restores() const { return true; }
 
     row_model* find(LONG id) const;
     const rows& all() const { return m_rows; }
     outcome& out() { return m_out; }
     host_model& the_host() { return m_host; }
     view status() const;
+    void add_error(const std::string& error);
 
 private:
     void dispatch(const action& done);

@@ -15,7 +15,7 @@ struct outcome {
     // Texts of assertions. Those without a settled text stand as "*" in what is expected, and any one report
     // answers them.
     std::vector<std::string> assertions;
-    // "0x80004005" for an error that was raised or returned, "failed" for any, empty for none.
+    // "0x80004005" for an error that was raised or returned, one after the other; empty for none.
     std::string error;
 };
 

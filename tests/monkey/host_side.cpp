@@ -51,11 +51,10 @@ HRESULT world_lookup::GetSymbolInfo(BSTR sName, LONG dwFlags, OD_SSymbolInfo* pS
 }
 
 SYSTEMTIME world_clock::local_time() {
-    // The months after December 2025, one after the other.
     static constexpr std::array<int, 12> lengths = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    int day = 8 + (quarters + 1) / 4;
-    int month = 11;
-    int year = 2025;
+    int day = 14 + (quarters + 1) / 4;
+    int month = 4;
+    int year = 2030;
     while (day >= lengths.at(static_cast<std::size_t>(month))) {
         day -= lengths.at(static_cast<std::size_t>(month));
         month = (month + 1) % 12;
@@ -100,9 +99,13 @@ host_side::~host_side() {
     root.reset();
 }
 
-void host_side::start(HWND parent) {
+HWND host_side::start(HWND parent) {
     HWND window = nullptr;
     _com_util::CheckError(root->Create(parent, nullptr, &window));
+    return window;
+}
+
+void host_side::fill() {
     SAFEARRAY* commands = nullptr;
     _com_util::CheckError(root->get_Commands(&commands));
     SafeArrayDestroy(commands);

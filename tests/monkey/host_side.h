@@ -35,7 +35,7 @@ private:
 
 class world_clock final : public platform::clock {
 public:
-    // Quarters of a day since 2025-12-09 06:00, which is 46000.25 as an OLE date.
+    // Quarters of a day since 2030-05-15 06:00, which is 47618.25 as an OLE date.
     int quarters = 0;
 
     SYSTEMTIME local_time() override;
@@ -46,6 +46,15 @@ private:
     platform::port<platform::clock>::replacement m_replacement{*this};
 };
 
+// The user's windows are real, where there are any; what he is asked is answered by the test.
+class world_desktop final : public test::recording_desktop {
+public:
+    bool is_window(HWND window) override {
+        return recording_desktop::is_window(window) ||
+               platform::port<platform::desktop>::system().is_window(window);
+    }
+};
+
 class host_side {
 public:
     host_side();
@@ -53,8 +62,9 @@ public:
     host_side(const host_side&) = delete;
     host_side& operator=(const host_side&) = delete;
 
-    // Makes the bar below the window and lets it fill itself with the first two profiles.
-    void start(HWND parent);
+    // Makes the bar below a window; gives its window. Then lets it fill itself with the first two profiles.
+    HWND start(HWND parent);
+    void fill();
     // What an action of the host comes to; the user's actions only have their answers laid ready.
     HRESULT perform(const action& done);
     void prepare(const action& done);
@@ -66,9 +76,9 @@ public:
 
     test::fake_host host;
     diagnostics_recorder reports;
-    test::recording_desktop desktop;
+    world_desktop desktop;
     com_ptr<OV_OrderDeck::COrderDeckObj> root;
-    // The tabs of the bar, which the root keeps to itself.
+    // The tabs of the bar, which the root keeps to itself; none where they can't be had.
     std::function<const OV_OrderDeck::tab_infos&()> tabs;
 
 private:

@@ -25,6 +25,9 @@ void restore(OV_OrderDeck::ITradeInfoProperties& tab, int which) {
 }  // namespace
 
 boost::shared_ptr<OV_OrderDeck::ITradeInfoProperties> host_side::tab_of(const test::FakeProfile& profile) {
+    if (!tabs) {
+        return {};
+    }
     for (const auto& [id, tab] : tabs()) {
         if (tab->get_Profile()->get_OuterID() == profile.outer_id) {
             return boost::dynamic_pointer_cast<OV_OrderDeck::ITradeInfoProperties>(tab);

@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <limits>
-#include <numeric>
 
 namespace monkey {
 
@@ -125,11 +124,9 @@ void logic_model::select(row_model& row, const action& done) {
     if (done.what == act::select_type) {
         row.select_type(odd_type(done.which));
     } else if (done.what == act::select_time) {
-        row.select_time(odd_key(row.time_keys(), done.which));
+        row.select_time(odd_key(row.keys(time_bit), done.which));
     } else {
-        std::vector<LONG> keys(row.account_count());
-        std::iota(keys.begin(), keys.end(), 0);
-        row.select_account(odd_key(keys, done.which));
+        row.select_account(odd_key(row.keys(account_bit), done.which));
     }
 }
 

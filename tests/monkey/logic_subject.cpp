@@ -104,6 +104,7 @@ logic_subject::logic_subject() {
     test::the_bar_factory = &m_factory;
     m_host.tabs = [this]() -> const OV_OrderDeck::tab_infos& { return bar().get_TabInfos(); };
     m_host.start(m_host.desktop.make_window(L"host"));
+    m_host.fill();
     bar().record_updates = true;
 }
 
@@ -203,7 +204,7 @@ void logic_subject::type(ITab& tab, const action& done) {
     }
 }
 
-view logic_subject::seen() {
+view logic_subject::seen(const view&) {
     view lines = m_host.status();
     for (const auto& [id, tab] : bar().get_TabInfos()) {
         const std::string head = std::to_string(id) + " ";

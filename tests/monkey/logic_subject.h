@@ -13,7 +13,7 @@ public:
     ~logic_subject() override;
 
     outcome perform(const action& done) override;
-    view seen() override;
+    view seen(const view& expected) override;
 
 private:
     void user(OV_OrderDeck::ITab& tab, const action& done);

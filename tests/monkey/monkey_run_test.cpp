@@ -49,7 +49,7 @@ public:
         }
         return m_seen == m_trap.size() ? m_sprung : wanted;
     }
-    view seen() override { return {}; }
+    view seen(const view&) override { return {}; }
 
 private:
     still_model m_model;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 
 #include "tests/monkey/price_model.h"
 
@@ -182,13 +183,21 @@ CString row_model::account() const {
     return m_account == -1 ? CString() : m_accounts.at(static_cast<std::size_t>(m_account));
 }
 
-std::vector<LONG> row_model::time_keys() const {
-    std::vector<LONG> keys;
-    keys.reserve(m_times.size());
-    for (const auto& [key, text] : m_times) {
-        keys.push_back(key);
+std::vector<LONG> row_model::keys(bit field) const {
+    if (field == type_bit) {
+        return {1, 2, 3, 4};
     }
-    return keys;
+    std::vector<LONG> all;
+    if (field == account_bit) {
+        all.resize(m_accounts.size());
+        std::iota(all.begin(), all.end(), 0);
+        return all;
+    }
+    all.reserve(m_times.size());
+    for (const auto& [key, text] : m_times) {
+        all.push_back(key);
+    }
+    return all;
 }
 
 bool row_model::enabled(bit field) const {

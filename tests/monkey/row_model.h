@@ -27,7 +27,7 @@ enum bit : unsigned {
 };
 const std::vector<bit>& all_bits();
 
-// Ends an action with an error. "failed" is any.
+// Ends an action with an error.
 struct raised {
     std::string error;
 };
@@ -49,6 +49,7 @@ public:
     // False for a tab whose profile took no subscription.
     bool listens = true;
 
+    void query_state();
     // Asks the host anew, as after a change of the profile.
     void refresh();
     // True when the host's answer to the event is that it was taken.
@@ -80,8 +81,10 @@ public:
     CString symbol_name() const { return m_symbol ? m_symbol->name : CString(); }
     const std::optional<test::symbol>& symbol() const { return m_symbol; }
     CString account() const;
-    std::vector<LONG> time_keys() const;
-    std::size_t account_count() const { return m_accounts.size(); }
+    // The lists' keys, in their order.
+    std::vector<LONG> keys(bit field) const;
+    // What a price field shows.
+    std::string price_text(bit field) const { return test::narrow(price_of(field).text); }
 
     bool enabled(bit field) const;
     bool hidden(bit field) const;
@@ -97,7 +100,6 @@ private:
         CString text;
     };
 
-    void query_state();
     bool usable() const { return m_state == 768 && m_symbol.has_value(); }
     price& price_of(bit field) { return field == first_price_bit ? m_first : m_second; }
     const price& price_of(bit field) const { return field == first_price_bit ? m_first : m_second; }

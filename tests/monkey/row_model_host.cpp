@@ -156,7 +156,7 @@ void row_model::start_lookup() {
     m_out.calls.emplace_back("Class(\"LookupImpl\").CreateInstance()");
     if (m_host.fails(broken::lookup_class)) {
         m_out.assertions.emplace_back("*");
-        throw raised{"failed"};
+        throw raised{"0x80004005"};
     }
     m_out.calls.push_back("Lookup.Initialize(0, " + test::quoted(plugin_name) + ", 0, null)");
     if (m_host.fails(broken::lookup_start)) {

@@ -15,8 +15,8 @@ public:
 
     // Does it and tells what came of it.
     virtual outcome perform(const action& done) = 0;
-    // What can be seen now. Changes nothing.
-    virtual view seen() = 0;
+    // What can be seen now. Changes nothing. Where a screen takes its time, waits for what is expected.
+    virtual view seen(const view& expected) = 0;
 };
 
 }  // namespace monkey

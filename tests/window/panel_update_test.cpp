@@ -202,6 +202,17 @@ TEST_F(PanelUpdate, TheStartingQuantityFollowsTheKindOfInstrument) {
     EXPECT_EQ(show_category(3), L"1");
 }
 
+TEST_F(PanelUpdate, AStartingQuantityThatIsShownAlreadyIsNotToldAgain) {
+    auto& quantity = tab->field(eODUE_Quantity);
+    quantity.value = L"1";
+    update(eODUE_Quantity);
+    quantity.values.clear();
+    tab->symbol->category = 1;
+    update(eODUE_Symbol);
+    EXPECT_EQ(text(209), L"1");
+    EXPECT_TRUE(quantity.values.empty()) << "a row that kept another quantity would lose it";
+}
+
 TEST_F(PanelUpdate, TheFirstSymbolSetsTheQuantityWhateverItsCategory) {
     EXPECT_FALSE(tab->field(eODUE_Quantity).values.empty());
     EXPECT_STREQ(tab->field(eODUE_Quantity).values.front().bstrVal, L"100");

@@ -1,0 +1,255 @@
+#include "tests/monkey/window_model.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "tests/monkey/price_model.h"
+
+namespace monkey {
+
+namespace {
+
+constexpr LONG stock_category = 2;
+
+std::string yes_no(bool value, const char* yes, const char* no) {
+    return value ? yes : no;
+}
+
+bool is_price(bit field) {
+    return field == first_price_bit || field == second_price_bit;
+}
+
+bool is_list(bit field) {
+    return field == type_bit || field == account_bit || field == time_bit;
+}
+
+std::string spin_text(const row_model& row) {
+    if (row.tick() < std::numeric_limits<double>::epsilon()) {
+        return {};
+    }
+    const double steps = std::ceil(250000.0 / row.tick());
+    const double most = std::numeric_limits<LONG>::max();
+    return " 1 to " + std::to_string(static_cast<LONG>(std::min(steps, most)));
+}
+
+}  // namespace
+
+int item_of(bit field) {
+    static const std::map<bit, int> items = {
+        {symbol_bit, 203},       {type_bit, 206},    {quantity_bit, 209}, {first_price_bit, 214},
+        {second_price_bit, 217}, {account_bit, 220}, {time_bit, 222},     {date_bit, 228},
+        {quotes_bit, 231},       {buy_bit, 225},     {sell_bit, 227}};
+    return items.at(field);
+}
+
+int spin_of(bit field) {
+    return field == first_price_bit ? 213 : field == second_price_bit ? 216 : 0;
+}
+
+const std::vector<LONG>& typed_quantities() {
+    static const std::vector<LONG> all = {1, 10, 100, 1500, 123456, 7, 250, 100000, 1200000, 1000000000};
+    return all;
+}
+
+const std::vector<double>& picked_dates() {
+    static const std::vector<double> all = {48000.25, 48000.5, 47999.0, 65380.75};
+    return all;
+}
+
+CString shown_quantity(LONG value) {
+    const auto tenths = [](LONG count) {
+        return grouped(count / 10) + (count % 10 != 0 ? L"." + std::to_wstring(count % 10) : CString());
+    };
+    if (value != 0 && value % 100000 == 0) {
+        return tenths(value / 100000) + L"M";
+    }
+    return value % 100 == 0 && value >= 1000 ? tenths(value / 100) + L"K" : grouped(value);
+}
+
+const std::vector<int>& items_beyond(bit field) {
+    static const std::vector<int> first = {217, 216, 231, 220, 222, 228, 227, 225};
+    static const std::vector<int> second = {231, 220, 222, 228, 227, 225};
+    static const std::vector<int> date = {227, 225};
+    return field == first_price_bit ? first : field == second_price_bit ? second : date;
+}
+
+int window_model::moved_by(int item) const {
+    int by = 0;
+    for (const auto& [field, gap] :
+         {std::pair(first_price_bit, 5), std::pair(second_price_bit, 5), std::pair(date_bit, 7)}) {
+        const std::vector<int>& moved = items_beyond(field);
+        if (m_panel.at(field).hidden && std::find(moved.begin(), moved.end(), item) != moved.end()) {
+            by -= m_widths->at(item_of(field)) + gap + (is_price(field) ? m_widths->at(spin_of(field)) : 0);
+        }
+    }
+    return by;
+}
+
+view window_model::seen() const {
+    view lines = status();
+    std::string strip = "strip:";
+    for (const tab& each : m_strip) {
+        strip += yes_no(each.id == m_current, " *", " ") + test::narrow(each.name) + "(" +
+                 std::to_string(each.image) + ")";
+    }
+    lines.push_back(strip);
+    lines.push_back(m_strip.empty() ? "shown: button" : "shown: strip panel");
+    if (m_strip.empty()) {
+        return lines;
+    }
+    for (const bit field : all_bits()) {
+        const mirror& its = m_panel.at(field);
+        std::string line = std::to_string(item_of(field)) + ": ";
+        line += its.text + (is_list(field) ? " selected " + std::to_string(its.selected) : its.range) +
+                yes_no(its.enabled, ", enabled", ", disabled");
+        if (m_at_rest) {
+            line += yes_no(its.hidden, ", hidden", ", shown");
+            line += " moved " + std::to_string(moved_by(item_of(field)));
+        }
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+void window_model::insert(const row_model& row, int image) {
+    const auto place =
+        std::find_if(m_strip.begin(), m_strip.end(), [&](const tab& each) { return row.name <= each.name; });
+    m_strip.insert(place, {row.id, row.name, image});
+    if (m_strip.size() == 1) {
+        m_current = row.id;
+    }
+}
+
+void window_model::added(const row_model& row, bool silent) {
+    row_model& its = *find(row.id);
+    its.query_state();
+    insert(row, its.state() == 768 ? 1 : 0);
+    if (!silent) {
+        show();
+    }
+}
+
+void window_model::removed(const row_model& row) {
+    std::erase_if(m_strip, [&](const tab& each) { return each.id == row.id; });
+    if (m_current == row.id) {
+        m_current = m_strip.empty() ? 0 : m_strip.front().id;
+    }
+    show();
+}
+
+void window_model::removed_all() {
+    m_strip.clear();
+    m_current = 0;
+    show();
+}
+
+void window_model::show() {
+    update_current(0x3FF80, false);
+}
+
+void window_model::drive_to(LONG id) {
+    if (id != m_current) {
+        m_current = id;
+        update_current(0x3FF82, false);
+    }
+}
+
+void window_model::show_tab(const action& done) {
+    m_at_rest = false;
+    const LONG id = m_strip.at(static_cast<std::size_t>(done.who) % m_strip.size()).id;
+    if (id != m_current) {
+        m_current = id;
+        update_current(0x3FF82, true);
+    }
+}
+
+void window_model::update_current(unsigned mask, bool keep_quantity) {
+    row_model* const row = find(m_current);
+    if (row == nullptr) {
+        return;
+    }
+    for (const bit field : all_bits()) {
+        if ((mask & field) != 0) {
+            update_panel(*row, field, keep_quantity);
+        }
+    }
+}
+
+void window_model::update(const row_model& row, unsigned mask) {
+    if ((mask & 4) != 0) {
+        static const std::map<LONG, int> images = {{256, 0}, {512, 2}, {768, 1}};
+        const auto known = images.find(row.state());
+        for (tab& each : m_strip) {
+            if (each.id == row.id && known != images.end()) {
+                each.image = known->second;
+            }
+        }
+    }
+    if (row.id == m_current) {
+        update_current(mask, false);
+    }
+}
+
+void window_model::update_panel(row_model& row, bit field, bool keep_quantity) {
+    mirror& its = m_panel[field];
+    its.enabled = row.enabled(field);
+    its.hidden = row.hidden(field);
+    if (field == symbol_bit) {
+        update_symbol(row, keep_quantity);
+        its.text = test::narrow(row.symbol_name());
+    } else if (field == quantity_bit) {
+        if (m_editor != row.quantity()) {
+            edit_quantity(row.quantity());
+        }
+    } else if (is_list(field)) {
+        update_list(row, field);
+    } else if (is_price(field)) {
+        if (row.tick() < std::numeric_limits<double>::epsilon()) {
+            out().assertions.emplace_back("0");
+        }
+        its.text = row.price_text(field);
+        its.range = spin_text(row);
+    } else if (field != quotes_bit) {
+        its.text = row.value(field);
+    }
+}
+
+void window_model::edit_quantity(LONG value) {
+    m_editor = value;
+    m_editor_blank = false;
+    m_panel[quantity_bit].text = test::narrow(shown_quantity(value));
+}
+
+void window_model::update_list(const row_model& row, bit field) {
+    mirror& its = m_panel[field];
+    const std::string all = row.value(field);
+    const std::size_t mark = all.rfind("selected ");
+    its.text = all.substr(0, mark);
+    its.keys = row.keys(field);
+    const LONG key = std::stoi(all.substr(mark + 9));
+    its.selected = std::find(its.keys.begin(), its.keys.end(), key) != its.keys.end() ? key : -1;
+}
+
+void window_model::update_symbol(row_model& row, bool keep_quantity) {
+    if (!row.symbol()) {
+        return;
+    }
+    const LONG category = row.symbol()->category;
+    if (!keep_quantity && category != m_last_category) {
+        const LONG wanted = category == stock_category ? 100 : 1;
+        if (m_editor_blank || m_editor != wanted) {
+            edit_quantity(wanted);
+            row.put_quantity({std::to_wstring(wanted), wanted});
+        }
+    }
+    m_last_category = category;
+}
+
+void window_model::focus(const row_model& row, bit field) {
+    if (row.id == m_current) {
+        out().calls.push_back("focus " + std::to_string(item_of(field)));
+    }
+}
+
+}  // namespace monkey
