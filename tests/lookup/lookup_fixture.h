@@ -18,9 +18,10 @@ class TestLookupImpl : public OV_OrderDeck::CLookupImpl {
 public:
     template <class Call>
     void on_worker(Call call) {
-        LocalRPC::SyncCall(get_ActiveObject(), call);
+        LocalRPC::SyncCall(activeObject, call);
     }
-    void refuse_tasks() { get_ActiveObject().Stop(true, true); }
+    void refuse_tasks() { activeObject.Stop(true, true); }
+    BSTR own_caption() { return caption; }
 };
 
 class lookup_test : public testing::Test {

@@ -341,8 +341,23 @@ TEST_F(lookup_impl, an_empty_name_asks_about_its_own_plugin_or_feed) {
 
 TEST_F(lookup_impl, a_caption_is_copied_and_null_is_no_caption) {
     EXPECT_EQ(lookup->SetDlgCaption(nullptr), S_FALSE);
-    EXPECT_EQ(lookup->SetDlgCaption(_bstr_t(L"first")), S_OK);
+    EXPECT_EQ(lookup->own_caption(), nullptr);
+    const _bstr_t first(L"first");
+    EXPECT_EQ(lookup->SetDlgCaption(first), S_OK);
+    EXPECT_NE(lookup->own_caption(), first.copy(false));
+    EXPECT_STREQ(lookup->own_caption(), L"first");
     EXPECT_EQ(lookup->SetDlgCaption(_bstr_t(L"second")), S_OK);
+    EXPECT_STREQ(lookup->own_caption(), L"second");
+    EXPECT_EQ(lookup->SetDlgCaption(nullptr), S_FALSE);
+    EXPECT_STREQ(lookup->own_caption(), L"second");
+}
+
+TEST_F(lookup_impl, its_own_caption_stays_where_it_is) {
+    EXPECT_EQ(lookup->SetDlgCaption(_bstr_t(L"mine")), S_OK);
+    BSTR const own = lookup->own_caption();
+    EXPECT_EQ(lookup->SetDlgCaption(own), S_OK);
+    EXPECT_EQ(lookup->own_caption(), own);
+    EXPECT_STREQ(own, L"mine");
 }
 
 }  // namespace

@@ -50,7 +50,8 @@ public:
     void fail_and_write(const std::string& operation, HRESULT hr, int nth = 0);
     // Calls succeed and write nothing.
     void leave_unwritten(const std::string& operation);
-    // Runs inside each call, after it was recorded; may throw nothing.
+    // Runs inside each call, after it was recorded. What it throws goes to the fake's caller; that must be
+    // our own code and not the system's.
     void on_call(const std::string& operation, std::function<void()> action);
     void forget_faults();
 

@@ -110,8 +110,11 @@ void CLookupImpl::_seed_dialog(IDataProperty& data, const CString& name, const O
 }
 
 CString CLookupImpl::_caption() const {
-    if (SysStringLen(caption) != 0) {
-        return platform::text_of(caption);
+    {
+        const std::lock_guard guard(m_lock);
+        if (SysStringLen(caption) != 0) {
+            return platform::text_of(caption);
+        }
     }
     return instrumentDialog ? resource_string::text(choose_instrument)
                             : resource_string::text(search) + L" - " + _data_feed();

@@ -29,9 +29,6 @@ public:
     STDMETHODIMP IsPluginSupported(BSTR sName, VARIANT_BOOL* pRes) noexcept override;
     STDMETHODIMP SetDlgCaption(BSTR bstrCaption) noexcept override;
 
-protected:
-    LocalRPC::CActiveObject_thread& get_ActiveObject() { return activeObject; }
-
 private:
     bool _is_supported() const;
     CString _data_feed() const;
@@ -52,7 +49,9 @@ private:
     bool _take_choice(IDataProperty& data, OD_SSymbolInfo& info);
     CString _caption() const;
 
-    std::mutex m_lock;
+protected:
+    // Guards the caption.
+    mutable std::mutex m_lock;
     bool initialized = false;
     _bstr_t pluginName;
     LONG hParent = 0;
