@@ -13,9 +13,10 @@ TEST(Module, ExportsItsFiveEntryPointsAndNothingElse) {
                                                     "DllRegisterServer", "DllUnregisterServer"));
 }
 
-TEST(Module, ServesTheBarAndRefusesAnyOtherClass) {
+TEST(Module, ServesBarAndLookupAndRefusesAnyOtherClass) {
     const test::component dll;
     EXPECT_TRUE(dll.factory(test::clsid_order_deck));
+    EXPECT_TRUE(dll.factory(__uuidof(LookupImpl)));
     void* out = &out;
     EXPECT_EQ(dll.get_class_object(CLSID_NULL, __uuidof(IClassFactory), &out), CLASS_E_CLASSNOTAVAILABLE);
     EXPECT_EQ(out, nullptr);
@@ -37,6 +38,30 @@ TEST(Module, AllClientsShareOneBar) {
             ->CreateInstance(nullptr, __uuidof(IUnknown), static_cast<void**>(platform::receive(second))),
         S_OK);
     EXPECT_EQ(first, second);
+}
+
+TEST(Module, EachClientHasALookupServiceOfItsOwnThatKeepsTheModuleLoaded) {
+    const test::component dll;
+    const auto make = [&] {
+        com_ptr<IOD_LookupImpl> lookup;
+        EXPECT_EQ(dll.factory(__uuidof(LookupImpl))
+                      ->CreateInstance(nullptr, __uuidof(IOD_LookupImpl),
+                                       static_cast<void**>(platform::receive(lookup))),
+                  S_OK);
+        return lookup;
+    };
+    com_ptr<IOD_LookupImpl> first = make();
+    com_ptr<IOD_LookupImpl> second = make();
+    ASSERT_TRUE(first);
+    EXPECT_NE(first, second);
+    EXPECT_FALSE(platform::query<ISWUnifyAccess>(first));
+    VARIANT_BOOL supported = VARIANT_FALSE;
+    EXPECT_EQ(first->IsPluginSupported(_bstr_t(L"CQG-FIX"), &supported), S_OK);
+    EXPECT_EQ(supported, VARIANT_TRUE);
+    first.reset();
+    EXPECT_EQ(dll.can_unload_now(), S_FALSE);
+    second.reset();
+    EXPECT_EQ(dll.can_unload_now(), S_OK);
 }
 
 TEST(Module, TheBarAnswersItsInterfacesWithOneIdentity) {

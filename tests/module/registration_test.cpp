@@ -13,6 +13,7 @@ using platform::registry_key;
 constexpr wchar_t classes[] = L"Software\\Classes";
 constexpr wchar_t libid_text[] = L"{982CCCAA-CFD2-4374-B806-E4915078B52D}";
 constexpr wchar_t clsid_text[] = L"{44B37A4C-17EF-4301-B05A-A54B611DB7C2}";
+constexpr wchar_t lookup_clsid_text[] = L"{63AFE10E-1D65-4006-AA5E-AB090A2876F8}";
 
 std::wstring value_of(const std::wstring& path, const wchar_t* name) {
     registry_key key;
@@ -51,7 +52,8 @@ std::vector<std::wstring> all_keys(HKEY root, const std::wstring& path) {
 std::vector<std::wstring> all_class_keys() {
     std::vector<std::wstring> result = all_keys(HKEY_CURRENT_USER, classes);
     for (const wchar_t* kind :
-         {L"AppID", L"CLSID", L"TypeLib", L"OrderDeck.OrderDeckObj", L"OrderDeck.OrderDeckObj.1"}) {
+         {L"AppID", L"CLSID", L"TypeLib", L"OrderDeck.OrderDeckObj", L"OrderDeck.OrderDeckObj.1",
+          L"OrderDeck.LookupImpl", L"OrderDeck.LookupImpl.1"}) {
         const std::vector<std::wstring> keys = all_keys(HKEY_CLASSES_ROOT, kind);
         result.insert(result.end(), keys.begin(), keys.end());
     }
@@ -74,20 +76,28 @@ TEST(Registration, NamesTheApplication) {
     EXPECT_EQ(value_of(L"\\AppID\\OrderDeck.DLL", L"AppID"), libid_text);
 }
 
-TEST(Registration, NamesTheClassItsServerAndItsProgIds) {
-    const test::component dll;
-    const registered registration(dll);
-    ASSERT_EQ(registration.result, S_OK);
-    const std::wstring clsid = std::wstring(L"\\CLSID\\") + clsid_text;
-    EXPECT_EQ(value_of(clsid, L""), L"COrderDeckObj Object");
+void expect_class(const test::component& dll, const std::wstring& id, const std::wstring& friendly_name,
+                  const std::wstring& progid) {
+    const std::wstring clsid = L"\\CLSID\\" + id;
+    EXPECT_EQ(value_of(clsid, L""), friendly_name);
+    EXPECT_EQ(value_of(clsid, L"AppID"), libid_text);
     EXPECT_EQ(value_of(clsid + L"\\InprocServer32", L"ThreadingModel"), L"Apartment");
-    EXPECT_EQ(value_of(clsid + L"\\ProgID", L""), L"OrderDeck.OrderDeckObj.1");
-    EXPECT_EQ(value_of(clsid + L"\\VersionIndependentProgID", L""), L"OrderDeck.OrderDeckObj");
-    EXPECT_EQ(value_of(L"\\OrderDeck.OrderDeckObj.1\\CLSID", L""), clsid_text);
-    EXPECT_EQ(value_of(L"\\OrderDeck.OrderDeckObj\\CurVer", L""), L"OrderDeck.OrderDeckObj.1");
+    EXPECT_EQ(value_of(clsid + L"\\ProgID", L""), progid + L".1");
+    EXPECT_EQ(value_of(clsid + L"\\VersionIndependentProgID", L""), progid);
+    EXPECT_EQ(value_of(L"\\" + progid + L".1\\CLSID", L""), id);
+    EXPECT_EQ(value_of(L"\\" + progid + L"\\CLSID", L""), id);
+    EXPECT_EQ(value_of(L"\\" + progid + L"\\CurVer", L""), progid + L".1");
     wchar_t module[MAX_PATH] = {};
     GetModuleFileNameW(dll.handle(), module, MAX_PATH);
     EXPECT_EQ(value_of(clsid + L"\\InprocServer32", L""), module);
+}
+
+TEST(Registration, NamesTheClassesTheirServerAndTheirProgIds) {
+    const test::component dll;
+    const registered registration(dll);
+    ASSERT_EQ(registration.result, S_OK);
+    expect_class(dll, clsid_text, L"COrderDeckObj Object", L"OrderDeck.OrderDeckObj");
+    expect_class(dll, lookup_clsid_text, L"CLookupImpl Object", L"OrderDeck.LookupImpl");
 }
 
 TEST(Registration, LetsAHostCreateTheBarByClassAndLoadTheTypeLibrary) {
@@ -101,6 +111,23 @@ TEST(Registration, LetsAHostCreateTheBarByClassAndLoadTheTypeLibrary) {
     constexpr GUID libid = {0x982cccaa, 0xcfd2, 0x4374, {0xb8, 0x06, 0xe4, 0x91, 0x50, 0x78, 0xb5, 0x2d}};
     com_ptr<ITypeLib> library;
     EXPECT_EQ(LoadRegTypeLib(libid, 1, 0, LOCALE_NEUTRAL, platform::receive(library)), S_OK);
+}
+
+TEST(Registration, LetsAClientCreateALookupServiceOfItsOwnByClassOrProgId) {
+    const test::component dll;
+    const registered registration(dll);
+    ASSERT_EQ(registration.result, S_OK);
+    CLSID id{};
+    ASSERT_EQ(CLSIDFromProgID(L"OrderDeck.LookupImpl", &id), S_OK);
+    EXPECT_TRUE(IsEqualCLSID(id, __uuidof(LookupImpl)));
+    com_ptr<IOD_LookupImpl> first;
+    com_ptr<IOD_LookupImpl> second;
+    for (com_ptr<IOD_LookupImpl>* const lookup : {&first, &second}) {
+        ASSERT_EQ(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IOD_LookupImpl),
+                                   static_cast<void**>(platform::receive(*lookup))),
+                  S_OK);
+    }
+    EXPECT_NE(first, second);
 }
 
 TEST(Registration, LeavesNoKeyBehind) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "charting/orderdeck/module/TypeLibraryRegistration.h"
+#include "charting/orderdeck/src/lookup/LookupImpl.h"
 #include "charting/orderdeck/src/root/OrderDeckObj.h"
 #include "platform/class_factory.h"
 
@@ -45,7 +46,9 @@ CString guid_text(REFGUID guid) {
 
 COrderDeckModule::COrderDeckModule()
     : m_objects{{CLSID_COrderDeckObj, L"COrderDeckObj Object", L"OrderDeck.OrderDeckObj",
-                 make_factory<platform::singleton_factory<COrderDeckObj>>, nullptr}} {}
+                 make_factory<platform::singleton_factory<COrderDeckObj>>, nullptr},
+                {__uuidof(LookupImpl), L"CLookupImpl Object", L"OrderDeck.LookupImpl",
+                 make_factory<platform::class_factory<CLookupImpl>>, nullptr}} {}
 
 COrderDeckModule::~COrderDeckModule() {
     if (RtlDllShutdownInProgress()) {
