@@ -255,6 +255,8 @@ TEST_F(NumberEditCtrl, ABalloonShowsARefusedValueUntilAValidTextIsLeft) {
     EXPECT_STREQ(shown, L"Please enter an integer between 1 and 1000000000.");
     SetFocus(other);
     EXPECT_FALSE(IsWindowVisible(tip));
+    editor.reset();
+    EXPECT_FALSE(IsWindow(tip)) << "ends with the editor";
 }
 
 // Presses OK in the box that is open, and keeps what it said.

@@ -3,6 +3,8 @@
 #include <TradingCenter.h>
 #include <uxtheme.h>
 
+#include <set>
+
 #include "tests/number_editors/editor_window_fixture.h"
 #include "tests/support/fake_services.h"
 
@@ -237,6 +239,33 @@ TEST_F(QuantityCalc, EnablingReachesTheButtonAndTheBackground) {
     EXPECT_EQ(editor->get_BackColor(), colour(COLOR_WINDOW));
 }
 
+// The button as it draws itself now.
+std::vector<COLORREF> drawn(HWND button) {
+    const HDC screen = GetDC(button);
+    const HDC memory = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, 16, 16);
+    const HGDIOBJ old = SelectObject(memory, bitmap);
+    SendMessageW(button, WM_ERASEBKGND, reinterpret_cast<WPARAM>(memory), 0);
+    std::vector<COLORREF> pixels;
+    for (int i = 0; i < 256; ++i) {
+        pixels.push_back(GetPixel(memory, i % 16, i / 16));
+    }
+    SelectObject(memory, old);
+    DeleteObject(bitmap);
+    DeleteDC(memory);
+    ReleaseDC(button, screen);
+    return pixels;
+}
+
+TEST_F(QuantityCalc, TheButtonShowsItsPictureAndAnotherUnderTheMouse) {
+    const auto at_rest = drawn(editor->get_Button());
+    EXPECT_GT(std::set(at_rest.begin(), at_rest.end()).size(), 3u);
+    SendMessageW(editor->get_Button(), WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+    const auto hot = drawn(editor->get_Button());
+    EXPECT_GT(std::set(hot.begin(), hot.end()).size(), 3u);
+    EXPECT_NE(hot, at_rest);
+}
+
 TEST_F(QuantityCalc, AnErasedEditDrawsItsButtonAgain) {
     UpdateWindow(window);
     UpdateWindow(editor->get_Button());
@@ -272,6 +301,39 @@ TEST_F(QuantityCalc, AClickBringsItsFramedWindowToTheFront) {
     EXPECT_EQ(GetActiveWindow(), parent);
     EXPECT_EQ(GetFocus(), window);
     DestroyWindow(elsewhere);
+}
+
+// A frame with two documents; the edit is in the first, the second is active.
+class QuantityInDocument : public QuantityCalc {
+protected:
+    QuantityInDocument() {
+        CLIENTCREATESTRUCT request = {nullptr, 100};
+        client = CreateWindowExW(0, L"MDICLIENT", L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 40, 400,
+                                 60, parent, nullptr, GetModuleHandleW(nullptr), &request);
+        WNDCLASSW description = {};
+        description.lpfnWndProc = &DefMDIChildProcW;
+        description.hInstance = GetModuleHandleW(nullptr);
+        description.lpszClassName = L"OrderDeckDocument";
+        RegisterClassW(&description);
+        for (HWND& document : documents) {
+            document = CreateWindowExW(WS_EX_MDICHILD, description.lpszClassName, L"", WS_CHILD | WS_VISIBLE,
+                                       0, 0, 150, 50, client, nullptr, description.hInstance, nullptr);
+        }
+        SetParent(window, documents[0]);
+        SendMessageW(client, WM_MDIACTIVATE, reinterpret_cast<WPARAM>(documents[1]), 0);
+    }
+    ~QuantityInDocument() override { DestroyWindow(client); }
+    HWND active() const { return reinterpret_cast<HWND>(SendMessageW(client, WM_MDIGETACTIVE, 0, 0)); }
+
+    HWND client = nullptr;
+    HWND documents[2] = {};
+};
+
+TEST_F(QuantityInDocument, AClickActivatesItsDocument) {
+    ASSERT_EQ(active(), documents[1]);
+    send(WM_LBUTTONUP, 0, MAKELPARAM(5, 8));
+    EXPECT_EQ(active(), documents[0]);
+    EXPECT_EQ(GetFocus(), window);
 }
 
 }  // namespace

@@ -7,10 +7,10 @@
 #include "charting/orderdeck/interface/ITab.h"
 #include "charting/orderdeck/src/window/AskBidButtonImpl.h"
 #include "charting/orderdeck/src/window/CtrlsLayout.h"
-#include "charting/orderdeck/src/window/FieldTips.h"
 #include "charting/orderdeck/src/window/LayoutPanel.h"
 #include "charting/orderdeck/src/window/PriceEdit.h"
 #include "platform/win32/frame/accessible_name.h"
+#include "platform/win32/frame/balloon_tips.h"
 #include "platform/win32/frame/dialog.h"
 #include "unicomp/wtlcontrols/ActualCalendar/GTDCalendar.h"
 #include "unicomp/wtlcontrols/EditCommand/EditCommand.h"
@@ -39,7 +39,7 @@ public:
     HWND get_Window(OD_UpdateEntity entity) const;
     // The current tab's field, empty without a tab.
     boost::shared_ptr<IUnifyControl> get_Control(OD_UpdateEntity entity) const;
-    CFieldTips& get_Tips() { return m_tips; }
+    frame::balloon_tips& get_Tips() { return m_tips; }
     const WTLControls::CGTDCalendar& get_Calendar() const { return m_calendar; }
 
     // Brings the window of one field up to date. bNoAnimation: what comes and goes does so at once.
@@ -91,7 +91,7 @@ private:
     void _lookup_symbol(bool bAskConnect, bool bQuiet);
 
     COrderDeckWindow* m_pBar;
-    CFieldTips m_tips;
+    frame::balloon_tips m_tips;
     details::CPriceEdit m_first_price;
     details::CPriceEdit m_second_price;
     WTLControls::NumberEditors::CQuantityCalc m_quantity;
