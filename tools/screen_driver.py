@@ -100,6 +100,10 @@ class Screen:
     def _xdotool(self, *arguments):
         subprocess.run(["xdotool", *map(str, arguments)], check=True)
 
+    def move(self, rect):
+        """Moves the mouse into the middle."""
+        self._xdotool("mousemove", (rect[0] + rect[2]) // 2, (rect[1] + rect[3]) // 2)
+
     def click(self, rect, part=0.5, height=0.5, button=1):
         """Clicks at a part of the width and of the height; button 3 is the right one."""
         x = int(rect[0] + (rect[2] - rect[0]) * part)
@@ -141,6 +145,8 @@ class Screen:
         height = (bottom - top - 2) / len(combo["items"])
         middle = top + 1 + height * (index + 0.5)
         self.click([left, middle - 1, right, middle + 1], 0.3)
+        # Without a window manager keys go where the mouse is, and the list reaches out of the window.
+        self.move(combo["rect"])
         self.wait(
             f"{text!r} chosen in list {item}",
             lambda: self.find(id=item, **{"class": "ComboBox"}, selected=index, dropped=False),

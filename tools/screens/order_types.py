@@ -32,9 +32,11 @@ def play(stage):
     for price, spin in zip(prices, spins):
         assert price[0] < spin[0] and spin[2] <= price[2] + (spin[2] - spin[0]), (price, spin)
 
-    # The tab is left before the slide has ended: the other's row stands at once, and stays.
-    bar.choose(TYPE, TYPES["market"].text)
-    bar.click(bar.tab("Two")["rect"])
+    # The tab is left within the slide, which no wait delays: the other's row stands at once, and stays.
+    other = bar.tab("Two")["rect"]
+    up = bar.control(TYPE, "ComboBox")["selected"]
+    bar.key(*["Up"] * up)
+    bar.click(other)
     bar.wait("tab Two", lambda: bar.current_tab() == "Two")
     bar.choose_instrument("ESZ6")
     assert bar.left_of(BUY, "Button") == shut and bar.shown_prices() == ()
