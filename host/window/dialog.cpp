@@ -49,7 +49,7 @@ INT_PTR dialog::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     }
     if (message == WM_NOTIFY) {
         const auto& notice = *reinterpret_cast<const NMHDR*>(lparam);
-        if (notice.code == LVN_ITEMCHANGED) {
+        if (notice.code == LVN_ITEMCHANGED && !m_filling) {
             on_select(static_cast<int>(notice.idFrom));
         }
     }
@@ -95,6 +95,7 @@ void dialog::add_columns(int id, const std::vector<std::pair<const char*, int>>&
 
 void dialog::set_rows(int id, const std::vector<std::vector<std::string>>& rows) {
     const HWND list = item(id);
+    m_filling = true;
     SendMessageW(list, WM_SETREDRAW, FALSE, 0);
     ListView_DeleteAllItems(list);
     for (std::size_t row = 0; row < rows.size(); ++row) {
@@ -109,6 +110,7 @@ void dialog::set_rows(int id, const std::vector<std::vector<std::string>>& rows)
         }
     }
     SendMessageW(list, WM_SETREDRAW, TRUE, 0);
+    m_filling = false;
     InvalidateRect(list, nullptr, TRUE);
 }
 

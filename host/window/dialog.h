@@ -51,6 +51,8 @@ private:
     INT_PTR handle(UINT message, WPARAM wparam, LPARAM lparam);
 
     HWND m_window = nullptr;
+    // A list is being filled: what changes in it is nobody's choice.
+    bool m_filling = false;
 };
 
 }  // namespace host
