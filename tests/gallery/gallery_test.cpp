@@ -32,8 +32,10 @@ void picture_of(const gallery::entry& entry, const gallery::state& state, look w
     const gallery::shown shown = entry.make(stage, state.name);
     ASSERT_TRUE(IsWindow(shown.window));
     gallery::pump();
-    RedrawWindow(stage.parent(), nullptr, nullptr,
-                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    for (const HWND drawn : {stage.parent(), shown.window}) {
+        RedrawWindow(drawn, nullptr, nullptr,
+                     RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    }
     const gallery::picture picture = gallery::picture::of(shown.window);
     EXPECT_TRUE(picture.save((folder() / file).wstring()));
     EXPECT_GT(picture.colours(), 1u) << "the picture is empty";
@@ -56,17 +58,12 @@ void pictures_in(look wanted, const std::string& look_name) {
     }
 }
 
-TEST(Gallery, EveryStateHasAPictureInTheVisualStyle) {
+TEST(Gallery, EveryStateHasAPictureInEveryLook) {
+    ASSERT_TRUE(IsAppThemed());
     pictures_in(look::styled, "styled");
-}
-
-TEST(Gallery, EveryStateHasAPictureWithoutAVisualStyle) {
-    const screen_scheme::no_visual_style plain;
+    screen_scheme::leave_visual_style();
+    ASSERT_FALSE(IsAppThemed());
     pictures_in(look::classic, "classic");
-}
-
-TEST(Gallery, EveryStateHasAPictureInHighContrast) {
-    const screen_scheme::no_visual_style plain;
     const screen_scheme::high_contrast colours;
     pictures_in(look::high_contrast, "contrast");
 }

@@ -1,5 +1,6 @@
 #include "platform/win32/frame/common_controls.h"
 #include "platform/win32/frame/module_instance.h"
+#include "platform/win32/frame/reflect.h"
 #include "tests/gallery/gallery.h"
 
 namespace gallery {
@@ -9,9 +10,15 @@ namespace {
 const wchar_t stage_class[] = L"OrderDeckGalleryStage";
 constexpr int margin = 8;
 
+// Hands the controls what an owner gets.
+LRESULT CALLBACK stage_procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const frame::answer reflected = frame::reflect(message, wParam, lParam);
+    return reflected ? *reflected : DefWindowProcW(window, message, wParam, lParam);
+}
+
 void register_class() {
     WNDCLASSW description = {};
-    description.lpfnWndProc = &DefWindowProcW;
+    description.lpfnWndProc = &stage_procedure;
     description.hInstance = frame::module_instance();
     description.lpszClassName = stage_class;
     description.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));

@@ -1,4 +1,4 @@
-// The look of the screen for one test: without a visual style, or in a scheme of high contrast. Windows
+// The look of the screen for a test: without a visual style, or in a scheme of high contrast. Windows
 // only. Other programs on the same desktop see the colours change, so a test that uses this takes the
 // screen's lock.
 #pragma once
@@ -8,36 +8,20 @@
 #include <uxtheme.h>
 
 #include <array>
-#include <cwchar>
 
 namespace screen_scheme {
 
-// The process draws without a visual style while this lives. The stored setting of the user stays.
-class no_visual_style {
-public:
-    no_visual_style() : m_before(::IsThemeActive() != FALSE) {
-        if (m_before) {
-            ::EnableTheming(FALSE);
-            store(L"1");
-        }
+// The process draws without a visual style from now on: Wine has no way back. The stored setting of the
+// user stays, so that programs started later have theirs.
+inline void leave_visual_style() {
+    if (!::IsThemeActive()) {
+        return;
     }
-    ~no_visual_style() {
-        if (m_before) {
-            ::EnableTheming(TRUE);
-        }
-    }
-    no_visual_style(const no_visual_style&) = delete;
-    no_visual_style& operator=(const no_visual_style&) = delete;
-
-private:
-    static void store(const wchar_t* active) {
-        ::RegSetKeyValueW(HKEY_CURRENT_USER, L"Software\\Microsoft\\Windows\\CurrentVersion\\ThemeManager",
-                          L"ThemeActive", REG_SZ, active,
-                          static_cast<DWORD>((std::wcslen(active) + 1) * sizeof(wchar_t)));
-    }
-
-    bool m_before;
-};
+    ::EnableTheming(FALSE);
+    constexpr wchar_t active[] = L"1";
+    ::RegSetKeyValueW(HKEY_CURRENT_USER, L"Software\\Microsoft\\Windows\\CurrentVersion\\ThemeManager",
+                      L"ThemeActive", REG_SZ, active, sizeof(active));
+}
 
 // White and yellow on black while this lives.
 class high_contrast {

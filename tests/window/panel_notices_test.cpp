@@ -80,20 +80,40 @@ TEST_F(PanelNotices, AClickOnAnUnknownWindowIsLoggedAndNothingElse) {
     EXPECT_NE(traces[0].find(L"ProfileTabWindow.cpp, LINE - "), CString::npos);
 }
 
-TEST_F(PanelNotices, TheLeftHalfOfTheQuotesHitsTheBidAndTheRestTheAsk) {
-    click(item(231));
-    ASSERT_EQ(tab->quotes->values.size(), 1u);
-    EXPECT_EQ(tab->quotes->values[0].vt, VT_R8);
-    EXPECT_EQ(tab->quotes->values[0].dblVal, 101.5);
+TEST_F(PanelNotices, TheQuotesGiveTheFieldThePriceOfTheirModeOnceAClick) {
+    const auto press = [&](int key) {
+        SendMessageW(item(231), WM_KEYDOWN, static_cast<WPARAM>(key), 1);
+        SendMessageW(item(231), WM_KEYUP, static_cast<WPARAM>(key), 1);
+        pump();
+    };
+    tab->quotes->ask = 101.75;
+    bar->Show(true);
     SendMessageW(item(231), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(4, 4));
     SendMessageW(item(231), WM_LBUTTONUP, 0, MAKELPARAM(4, 4));
-    EXPECT_EQ(tab->quotes->values.back().dblVal, 101.25);
+    pump();
+    ASSERT_EQ(tab->quotes->values.size(), 1u);
+    EXPECT_EQ(tab->quotes->values[0].vt, VT_R8);
+    EXPECT_EQ(tab->quotes->values[0].dblVal, 101.5) << "the mid of 101.75 and 101.25";
     SetFocus(item(231));
-    SendMessageW(item(231), WM_KEYDOWN, VK_SPACE, 1);
-    SendMessageW(item(231), WM_KEYUP, VK_SPACE, 1);
+    press(VK_SPACE);
+    EXPECT_EQ(tab->quotes->values.size(), 2u);
+    press(VK_RETURN);
     EXPECT_EQ(tab->quotes->values.size(), 3u);
     EXPECT_EQ(tab->quotes->values.back().dblVal, 101.5);
     EXPECT_TRUE(tab->quotes->selections.empty());
+}
+
+TEST_F(PanelNotices, TheDropDownPartGivesNothingUntilARowIsTaken) {
+    click(item(231));
+    pump();
+    EXPECT_TRUE(tab->quotes->values.empty());
+    SetFocus(item(231));
+    SendMessageW(item(231), WM_KEYDOWN, VK_UP, 1);
+    SendMessageW(item(231), WM_KEYDOWN, VK_RETURN, 1);
+    pump();
+    ASSERT_EQ(tab->quotes->values.size(), 1u);
+    EXPECT_EQ(tab->quotes->values[0].dblVal, 101.5) << "one row up from the mid is the ask";
+    EXPECT_EQ(text(231), L"101.50 ");
 }
 
 TEST_F(PanelNotices, AChosenItemSelectsItsKey) {

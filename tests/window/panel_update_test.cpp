@@ -243,27 +243,30 @@ TEST_F(PanelUpdate, ThePickerShowsTheDate) {
     EXPECT_THROW(update(eODUE_GtdDate), _com_error);
 }
 
-TEST_F(PanelUpdate, TheButtonShowsBothQuotesOrWhatTheyAre) {
-    EXPECT_EQ(text(231), L"101.25 / 101.50");
+TEST_F(PanelUpdate, TheButtonShowsTheMidOfTheQuotesOrWhatTheyAre) {
+    EXPECT_EQ(text(231), L"101.38 ");
     tab->quotes->ask = 101.75;
     update(eODUE_AskBid);
-    EXPECT_EQ(text(231), L"101.25 / 101.75");
+    EXPECT_EQ(text(231), L"101.50 ");
     tab->quotes->empty = true;
     update(eODUE_AskBid);
-    EXPECT_EQ(text(231), L"買價/賣價");
+    EXPECT_EQ(text(231), L"買價/賣價 ");
+    EXPECT_FALSE(IsWindowEnabled(item(231))) << "there is nothing to choose";
     tab->quotes->empty = false;
     update(eODUE_AskBid);
-    EXPECT_EQ(text(231), L"101.25 / 101.75");
+    EXPECT_EQ(text(231), L"101.50 ");
+    EXPECT_TRUE(IsWindowEnabled(item(231)));
     tab->quotes->bid = 0.0;
     update(eODUE_AskBid);
-    EXPECT_EQ(text(231), L"買價/賣價");
+    EXPECT_EQ(text(231), L"買價/賣價 ");
 }
 
 TEST_F(PanelUpdate, QuotesFollowTheScaleOfTheSymbol) {
     tab->symbol->price_scale = 'k';
     tab->quotes->ask = 101.5;
+    tab->quotes->bid = 101.0;
     update(eODUE_Symbol | eODUE_AskBid);
-    EXPECT_EQ(text(231), L"101 8/32 / 101 16/32");
+    EXPECT_EQ(text(231), L"101 8/32 ");
 }
 
 TEST_F(PanelUpdate, AFieldThatGoesVanishesWithItsSpinAndTheRowClosesUp) {

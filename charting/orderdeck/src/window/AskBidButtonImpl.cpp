@@ -1,74 +1,158 @@
 #include "charting/orderdeck/src/window/AskBidButtonImpl.h"
 
+#include <algorithm>
+
+#include "charting/orderdeck/src/window/PanelItems.h"
 #include "charting/orderdeck/src/window/WindowText.h"
-#include "unicomp/Simples/interface/resource_string.h"
 
 namespace OV_OrderDeck {
 
 namespace {
 
-constexpr UINT no_quotes_text = 140;
-constexpr int button_frame = 4;
+constexpr int text_margin = 4;
+constexpr LONG widest_drop_down = 15;
+// The row that the keys take: it stays in the middle while the ladder moves past it.
+constexpr LONG middle_row = 3;
+
+LONG client_width(HWND window) {
+    RECT client = {};
+    ::GetClientRect(window, &client);
+    return client.right;
+}
 
 }  // namespace
 
-AskBidButtonImpl::AskBidButtonImpl() : m_format(std::make_unique<CPriceToString>(-1)) {}
+AskBidButtonImpl::AskBidButtonImpl() {
+    put_Style(WTLControls::ButtonStyle::DropDown, this);
+    _update_face();
+}
 
-void AskBidButtonImpl::put_Mode(int mode) {
-    m_dirty = m_dirty || mode != m_mode;
-    m_mode = mode;
+bool AskBidButtonImpl::SubclassWindow(HWND button) {
+    if (!CButtonST::SubclassWindow(button)) {
+        return false;
+    }
+    _place_split();
+    return m_range_bar.Create(button);
 }
 
 void AskBidButtonImpl::SetFormat(LONG code, LONG minMove) {
-    m_format = std::make_unique<CPriceToString>(code);
-    m_min_move = minMove;
-    m_dirty = true;
+    m_prices.SetFormat(code, minMove);
+    m_range_bar.ResetWidth();
 }
 
-void AskBidButtonImpl::SetQuotes(double ask, double bid) {
-    m_dirty = m_dirty || ask != m_ask || bid != m_bid;
-    m_ask = ask;
-    m_bid = bid;
+void AskBidButtonImpl::_update_face() {
+    const COLORREF face = m_prices.get_Face().value_or(::GetSysColor(COLOR_BTNFACE));
+    put_Colours(face, face);
 }
 
 void AskBidButtonImpl::Redraw() {
-    if (!m_dirty) {
+    _update_face();
+    UpdateText();
+}
+
+void AskBidButtonImpl::UpdateText() {
+    if (!m_prices.IsDirty()) {
         return;
     }
-    m_dirty = false;
-    const CString caption = _caption();
-    if (caption != window_text(m_hWnd)) {
-        RECT client = {};
-        ::GetClientRect(m_hWnd, &client);
-        m_font.Fit(m_hWnd, caption, static_cast<int>(client.right) - 2 * button_frame);
-        ::SetWindowTextW(m_hWnd, caption.c_str());
+    m_prices.ClearBadQuotes();
+    m_range_bar.Refresh();
+    const CAskBidPrices::caption caption = m_prices.TakeCaption(::IsWindowEnabled(m_hWnd) != FALSE);
+    if (caption.idle) {
+        ::EnableWindow(m_hWnd, FALSE);
+    }
+    if (caption.text != window_text(m_hWnd)) {
+        const LONG room = client_width(m_hWnd) - widest_drop_down - 2 * text_margin;
+        m_font.Fit(m_hWnd, caption.text, static_cast<int>(room));
+        ::SetWindowTextW(m_hWnd, caption.text.c_str());
+        Repaint();
     }
 }
 
-CString AskBidButtonImpl::_caption() const {
-    if (IsIdle() || !(m_ask > 0.0) || !(m_bid > 0.0)) {
-        return resource_string::text(no_quotes_text);
-    }
-    return m_format->ToTextEx(m_bid, m_min_move) + L" / " + m_format->ToTextEx(m_ask, m_min_move);
+void AskBidButtonImpl::_post_command() const {
+    ::PostMessageW(::GetParent(m_hWnd), WM_COMMAND, MAKEWPARAM(PanelItem::AskBid, BN_CLICKED),
+                   reinterpret_cast<LPARAM>(m_hWnd));
 }
 
-BOOL AskBidButtonImpl::ProcessWindowMessage(HWND, UINT uMsg, WPARAM, LPARAM lParam, LRESULT& lResult,
-                                            DWORD dwMsgMapID) {
-    if (!BS_ASSERT_TEXT(dwMsgMapID == 0, "0")) {
-        return FALSE;
-    }
-    return frame::take(frame::guarded(BS_HERE, [&] { return _dispatch(uMsg, lParam); }), lResult);
+void AskBidButtonImpl::OnButtonClick() {
+    m_range_bar.Hide();
+    m_prices.Choose();
+    _post_command();
 }
 
-frame::answer AskBidButtonImpl::_dispatch(UINT uMsg, LPARAM lParam) {
-    if (uMsg == WM_LBUTTONDOWN || uMsg == WM_LBUTTONDBLCLK) {
-        RECT client = {};
-        ::GetClientRect(m_hWnd, &client);
-        m_hit_bid = frame::point_of(lParam).x < client.right / 2;
-    } else if (uMsg == WM_KEYDOWN || uMsg == WM_SYSKEYDOWN) {
-        m_hit_bid = false;
+void AskBidButtonImpl::OnDropDownClick() {
+    const bool was_visible = m_range_bar.IsVisible();
+    m_range_bar.Place(m_hWnd);
+    if (was_visible) {
+        m_range_bar.Hide();
+    } else {
+        m_range_bar.Show();
     }
-    return frame::declined;
+}
+
+void AskBidButtonImpl::OnRangeSelect(LONG position, double price) {
+    m_prices.Choose(position, price);
+    Redraw();
+    _post_command();
+}
+
+void AskBidButtonImpl::_place_split() {
+    const LONG width = client_width(m_hWnd);
+    put_Split(width - std::min(widest_drop_down, width / 2));
+}
+
+// While the ladder is open the button's keys are the ladder's: it scrolls, Enter takes the price in its
+// middle, and Esc closes it.
+frame::answer AskBidButtonImpl::_on_ladder_key(WPARAM key) {
+    if (key == VK_RETURN || key == VK_SPACE) {
+        m_range_bar.Select(middle_row);
+        return 0;
+    }
+    return m_range_bar.Key(static_cast<int>(key)) ? frame::answer(0) : frame::declined;
+}
+
+frame::answer AskBidButtonImpl::_ProcessWindowMessage(UINT uMsg, WPARAM wParam, LPARAM lParam) {
+    switch (uMsg) {
+        case WM_MOUSEMOVE:
+            if (!m_tracking) {
+                TRACKMOUSEEVENT request = {sizeof(request), TME_LEAVE, m_hWnd, 0};
+                m_tracking = ::TrackMouseEvent(&request) != FALSE;
+            }
+            break;
+        case WM_MOUSELEAVE:
+            m_tracking = false;
+            break;
+        case WM_SIZE:
+            _place_split();
+            break;
+        case WM_ENABLE:
+            // What a button that can't be used shows is another text.
+            m_prices.SetDirty();
+            break;
+        case WM_GETDLGCODE:
+            if (m_range_bar.IsVisible() && wParam != VK_TAB) {
+                return DLGC_WANTALLKEYS;
+            }
+            break;
+        case WM_MOUSEWHEEL:
+            if (m_range_bar.IsVisible()) {
+                return ::SendMessageW(m_range_bar.get_Hwnd(), uMsg, wParam, lParam);
+            }
+            break;
+        case WM_KEYDOWN:
+            if (m_range_bar.IsVisible()) {
+                const frame::answer taken = _on_ladder_key(wParam);
+                if (taken) {
+                    return taken;
+                }
+            }
+            break;
+        case WM_NCDESTROY:
+            m_range_bar.Destroy();
+            break;
+        default:
+            break;
+    }
+    return CButtonST::_ProcessWindowMessage(uMsg, wParam, lParam);
 }
 
 }  // namespace OV_OrderDeck

@@ -1,47 +1,56 @@
 #pragma once
 
-#include <memory>
-
+#include "charting/orderdeck/src/window/AskBidPrices.h"
 #include "charting/orderdeck/src/window/FittedFont.h"
-#include "platform/win32/frame/subclassed_window.h"
-#include "unicomp/FormatUtil/interface/PriceToString.h"
+#include "charting/orderdeck/src/window/RangeBar.h"
+#include "unicomp/wtlcontrols/buttonst/ButtonST.h"
 
 namespace OV_OrderDeck {
 
-// The button that shows the quotes and offers them to the prices. A click on its left half hits the bid,
-// any other the ask. Lives on the panel's thread.
-class AskBidButtonImpl final : public frame::subclassed_window {
+// The button that shows one of the quotes and offers it to the prices; its drop-down part opens a ladder
+// of prices round the market. Lives on the panel's thread.
+class AskBidButtonImpl final : public WTLControls::CButtonST, public WTLControls::IButtonSTEventSink {
 public:
     AskBidButtonImpl();
+    ~AskBidButtonImpl() = default;
 
-    // 1 to 3 while there are quotes; any other value is the idle state.
-    int get_Mode() const { return m_mode; }
-    void put_Mode(int mode);
-    bool IsIdle() const { return m_mode < 1 || m_mode > 3; }
+    bool SubclassWindow(HWND button);
+
+    // 1 ask, 2 mid, 3 bid; any other value is the idle state.
+    LONG get_Mode() const { return m_prices.get_Mode(); }
+    void put_Mode(LONG mode) { m_prices.put_Mode(mode); }
+    bool IsIdle() const { return m_prices.IsIdle(); }
 
     // Scale and tick of the symbol.
     void SetFormat(LONG code, LONG minMove);
-    void SetQuotes(double ask, double bid);
-    // The price that the last click hit.
-    double get_HitPrice() const { return m_hit_bid ? m_bid : m_ask; }
-    // Brings the caption up to date.
+    void SetQuotes(double ask, double bid) { m_prices.SetQuotes(ask, bid); }
+    // The price last chosen, by the button or from its ladder.
+    double get_HitPrice() const { return m_prices.get_Value(); }
+    // Brings the text and the face up to date.
     void Redraw();
+    RangeBar& get_RangeBar() { return m_range_bar; }
 
-    BOOL ProcessWindowMessage(HWND hWnd, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT& lResult,
-                              DWORD dwMsgMapID) override;
+    // Posts the command of item 231 to the parent, as a click does. position is the row's place: 1 ask, 0
+    // mid, -1 bid.
+    void OnRangeSelect(LONG position, double price);
+
+    void OnButtonClick() override;
+    void OnDropDownClick() override;
+
+protected:
+    frame::answer _ProcessWindowMessage(UINT uMsg, WPARAM wParam, LPARAM lParam) override;
 
 private:
-    frame::answer _dispatch(UINT uMsg, LPARAM lParam);
-    CString _caption() const;
+    void UpdateText();
+    void _update_face();
+    void _place_split();
+    void _post_command() const;
+    frame::answer _on_ladder_key(WPARAM key);
 
-    double m_ask = 0.0;
-    double m_bid = 0.0;
-    bool m_hit_bid = false;
-    int m_mode = 2;
-    std::unique_ptr<CPriceToString> m_format;
-    LONG m_min_move = 1;
-    // The caption needs redoing.
-    bool m_dirty = true;
+    CAskBidPrices m_prices;
+    RangeBar m_range_bar{*this, m_prices};
+    // A request to hear when the mouse leaves is outstanding.
+    bool m_tracking = false;
     CFittedFont m_font;
 };
 

@@ -12,6 +12,7 @@
 #include "charting/orderdeck/src/window/RowRoom.h"
 #include "charting/orderdeck/src/window/WindowText.h"
 #include "diagnostics/BugSlayerUtil.h"
+#include "platform/win32/frame/reflect.h"
 #include "unicomp/FormatUtil/interface/NumberFormat.h"
 #include "unicomp/Simples/interface/resource_string.h"
 
@@ -31,6 +32,10 @@ constexpr UINT first_price_cue = 134;
 constexpr UINT second_price_cue = 135;
 constexpr int longest_price = 15;
 constexpr int combo_frame = 6;
+// What the drawn buttons are given: hot tracking and a gradient, and for the quotes all that there is. The
+// content is drawn on every one of them.
+constexpr DWORD trade_button_value = 5;
+constexpr DWORD quote_button_value = 15;
 
 }  // namespace
 
@@ -83,7 +88,7 @@ BOOL CProfileTabWindow::ProcessWindowMessage(HWND, UINT uMsg, WPARAM wParam, LPA
         case WM_NOTIFY:
             return frame::take(_dispatch_notify(*reinterpret_cast<const NMHDR*>(lParam)), lResult);
         default:
-            return FALSE;
+            return frame::take(frame::reflect(uMsg, wParam, lParam), lResult);
     }
 }
 
@@ -127,8 +132,8 @@ frame::answer CProfileTabWindow::OnInitDialog() {
     m_quantity.get_Editor().put_Id(PanelItem::Quantity);
     m_quantity.SubclassWindow(get_Item(PanelItem::Quantity));
     m_quantity.put_Images(quantity_images);
-    m_ask_bid.SubclassWindow(get_Item(PanelItem::AskBid));
     _init_names();
+    _init_buttons();
     _init_combo_heights();
     _init_theme();
     make_room_for_texts(m_hWnd, m_layout_panel);
@@ -161,6 +166,15 @@ void CProfileTabWindow::_init_names() {
     for (std::size_t i = 0; i < titles.size(); ++i) {
         m_names[i].Attach(get_Item(titles[i].first), resource_string::text(titles[i].second));
     }
+}
+
+void CProfileTabWindow::_init_buttons() {
+    m_buy.SubclassWindow(get_Item(PanelItem::Buy));
+    m_sell.SubclassWindow(get_Item(PanelItem::Sell));
+    m_buy.put_Flags(trade_button_value | WTLControls::ButtonFlag::Content);
+    m_sell.put_Flags(trade_button_value | WTLControls::ButtonFlag::Content);
+    m_ask_bid.SubclassWindow(get_Item(PanelItem::AskBid));
+    m_ask_bid.put_Flags(quote_button_value | WTLControls::ButtonFlag::Content);
 }
 
 void CProfileTabWindow::_init_combo_heights() {

@@ -76,6 +76,7 @@ private:
     void _init_prices();
     void _init_names();
     void _init_combo_heights();
+    void _init_buttons();
     void _init_theme();
 
     void _update_text(HWND window, IUnifyControl& field);
@@ -98,6 +99,8 @@ private:
     // Of the symbol last seen; no category is this one, so the first symbol sets the quantity.
     LONG m_lastCategory = std::numeric_limits<LONG>::min();
     WTLControls::CEditCommandCtrlWnd2 m_symbol;
+    WTLControls::CButtonSTForBuyAction m_buy;
+    WTLControls::CButtonSTForSellAction m_sell;
     AskBidButtonImpl m_ask_bid;
     CLayoutPanel m_layout_panel;
     CCtrlsLayout m_layout{m_layout_panel};

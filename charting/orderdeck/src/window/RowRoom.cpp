@@ -62,9 +62,8 @@ void make_room_for_texts(HWND panel, CLayoutPanel& layout) {
     const int arrow = ::GetSystemMetrics(SM_CXVSCROLL);
     widen(panel, layout, PanelItem::OrderType,
           widest(panel, font, strings({130, 131, 132, 133})) + arrow + box_frame);
-    // Quotes of a bond in halves of 32nds, the longest that are common.
-    widen(panel, layout, PanelItem::AskBid,
-          text_width(panel, font, L"117 12.5/32 / 117 13.5/32") + box_frame);
+    // A bond in halves of 32nds, the longest that is common, and the arrow beside it.
+    widen(panel, layout, PanelItem::AskBid, text_width(panel, font, L"117 12.5/32 ") + arrow + box_frame);
     widen(panel, layout, PanelItem::TimeInForce,
           widest(panel, font, strings({113, 114, 115, 116, 234, 235})) + arrow + box_frame);
 }

@@ -1,0 +1,399 @@
+#include "unicomp/wtlcontrols/buttonst/ButtonST.h"
+
+#include <olectl.h>
+#include <shellapi.h>
+
+#include "platform/win32/frame/common_controls.h"
+#include "platform/win32/frame/module_instance.h"
+
+namespace WTLControls {
+
+namespace {
+
+bool is_mouse_message(UINT uMsg) {
+    return uMsg >= WM_MOUSEFIRST && uMsg <= WM_MOUSELAST;
+}
+
+WPARAM click_of(HWND window) {
+    return MAKEWPARAM(::GetDlgCtrlID(window), BN_CLICKED);
+}
+
+RECT client_of(HWND window) {
+    RECT client = {};
+    ::GetClientRect(window, &client);
+    return client;
+}
+
+CString text_of(HWND window) {
+    CString text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(
+        static_cast<std::size_t>(::GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+}  // namespace
+
+CButtonST::~CButtonST() {
+    _let_go();
+}
+
+bool CButtonST::SubclassWindow(HWND button) {
+    if (!subclassed_window::SubclassWindow(button)) {
+        return false;
+    }
+    const auto style = static_cast<DWORD>(::GetWindowLongPtrW(button, GWL_STYLE));
+    m_state = (style & BS_TYPEMASK) == BS_DEFPUSHBUTTON ? ButtonState::Default : 0;
+    ::SetWindowLongPtrW(button, GWL_STYLE, static_cast<LONG_PTR>((style & ~BS_TYPEMASK) | BS_OWNERDRAW));
+    m_split = client_of(button).right;
+    _open_theme();
+    Repaint();
+    return true;
+}
+
+void CButtonST::put_Flags(DWORD flags) {
+    m_flags = flags;
+    Repaint();
+}
+
+void CButtonST::put_Style(DWORD style, IButtonSTEventSink* sink) {
+    m_style = style;
+    m_sink = sink;
+    Repaint();
+}
+
+void CButtonST::put_Split(LONG split) {
+    m_split = split;
+    Repaint();
+}
+
+void CButtonST::put_Colour(DWORD key, COLORREF colour) {
+    const auto [at, fresh] = m_colours.try_emplace(key, colour);
+    if (fresh || at->second != colour) {
+        at->second = colour;
+        Repaint();
+    }
+}
+
+void CButtonST::put_Colours(COLORREF top, COLORREF bottom) {
+    put_Colour(ButtonColour::Top, top);
+    put_Colour(ButtonColour::Bottom, bottom);
+}
+
+void CButtonST::put_Images(HIMAGELIST images) {
+    m_images = images;
+    Repaint();
+}
+
+void CButtonST::put_Check(bool checked) {
+    m_checked = checked;
+    Repaint();
+}
+
+void CButtonST::put_Tooltip(const CString& text) {
+    TTTOOLINFOW tool = {};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.hwnd = m_hWnd;
+    tool.rect = client_of(m_hWnd);
+    tool.lpszText = const_cast<wchar_t*>(text.c_str());
+    if (m_tooltip != nullptr) {
+        ::SendMessageW(m_tooltip, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+        return;
+    }
+    const frame::common_controls_scope scope;
+    m_tooltip = ::CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0,
+                                  0, m_hWnd, nullptr, frame::module_instance(), nullptr);
+    ::SendMessageW(m_tooltip, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+SButtonPicture CButtonST::get_Picture() const {
+    SButtonPicture picture;
+    picture.look.flags = m_flags;
+    picture.look.state = m_state | (::IsWindowEnabled(m_hWnd) ? 0 : ButtonState::Disabled);
+    picture.look.pressed = m_checked || (::SendMessageW(m_hWnd, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0;
+    picture.look.focused = ::GetFocus() == m_hWnd;
+    picture.look.themed = m_theme != nullptr;
+    picture.client = client_of(m_hWnd);
+    picture.theme = m_theme;
+    picture.colours = m_colours;
+    picture.text = text_of(m_hWnd);
+    picture.font = reinterpret_cast<HFONT>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0));
+    if (picture.font == nullptr) {
+        picture.font = static_cast<HFONT>(::GetStockObject(SYSTEM_FONT));
+    }
+    picture.images = m_images;
+    picture.split = m_split;
+    picture.drop_down = (m_style & ButtonStyle::DropDown) != 0;
+    picture.show_focus = (::SendMessageW(m_hWnd, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS) == 0;
+    return picture;
+}
+
+void CButtonST::Repaint() const {
+    if (m_hWnd != nullptr) {
+        ::InvalidateRect(m_hWnd, nullptr, FALSE);
+    }
+}
+
+void CButtonST::OpenURL(const CString& url) {
+    ::ShellExecuteW(m_hWnd, L"open", url.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+}
+
+void CButtonST::_draw(const DRAWITEMSTRUCT& item) {
+    m_renderer.DrawBackground(item.hDC, m_surface, get_Picture());
+}
+
+void CButtonST::_cool() {
+    m_state &= ~ButtonState::Hot;
+    Repaint();
+}
+
+void CButtonST::_relay(UINT uMsg, WPARAM wParam, LPARAM lParam) const {
+    if (m_tooltip != nullptr) {
+        MSG message = {};
+        message.hwnd = m_hWnd;
+        message.message = uMsg;
+        message.wParam = wParam;
+        message.lParam = lParam;
+        ::SendMessageW(m_tooltip, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
+    }
+}
+
+void CButtonST::_on_mouse_move(WPARAM keys, POINT at) {
+    const bool over = contains(client_of(m_hWnd), at);
+    if (!IsHot()) {
+        if (over && ::IsChild(::GetActiveWindow(), m_hWnd)) {
+            m_state |= ButtonState::Hot;
+            ::SetCapture(m_hWnd);
+            Repaint();
+        }
+    } else if (!over) {
+        _cool();
+        // A button that is held goes on watching for its release.
+        if ((keys & MK_LBUTTON) == 0) {
+            ::ReleaseCapture();
+        }
+    }
+}
+
+LRESULT CButtonST::_on_button_down(WPARAM keys, LPARAM at) {
+    ::SendMessageW(::GetParent(m_hWnd), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(m_hWnd), TRUE);
+    const LRESULT result = DefWindowProc(WM_LBUTTONDOWN, keys, at);
+    if ((m_flags & ButtonFlag::AutoRepeat) != 0) {
+        _repeat_until_released();
+    }
+    if (_has_sink()) {
+        _tell_sink(frame::point_of(at));
+    }
+    return result;
+}
+
+void CButtonST::_repeat_until_released() {
+    const HWND parent = ::GetParent(m_hWnd);
+    const auto click = [&] {
+        ::SendMessageW(parent, WM_COMMAND, click_of(m_hWnd), reinterpret_cast<LPARAM>(m_hWnd));
+    };
+    ::SetCapture(m_hWnd);
+    bool even = true;
+    MSG release = {};
+    while (!::PeekMessageW(&release, m_hWnd, WM_LBUTTONUP, WM_LBUTTONUP, PM_REMOVE)) {
+        click();
+        ::Sleep(m_repeat_delay);
+        even = !even;
+    }
+    // Owners count on an even number of repeats.
+    if (!even) {
+        click();
+    }
+    ::ReleaseCapture();
+    ::SendMessageW(m_hWnd, WM_LBUTTONUP, 0, 0);
+    POINT at = {};
+    ::GetCursorPos(&at);
+    ::ScreenToClient(m_hWnd, &at);
+    ::SendMessageW(m_hWnd, WM_MOUSEMOVE, 0, MAKELPARAM(at.x, at.y));
+}
+
+// The place of the press counts, so that a press which a program sends works wherever the mouse is.
+void CButtonST::_tell_sink(POINT at) {
+    const RECT client = client_of(m_hWnd);
+    if (is_drop_down_part(client, m_split, at)) {
+        m_told = true;
+        m_sink->OnDropDownClick();
+    } else if (contains(client, at)) {
+        m_told = true;
+        m_sink->OnButtonClick();
+    }
+}
+
+frame::answer CButtonST::_on_button_up() {
+    if (!m_told) {
+        return frame::declined;
+    }
+    m_told = false;
+    // Losing the mouse ends the press without the click that a release would be.
+    ::ReleaseCapture();
+    ::SendMessageW(m_hWnd, BM_SETSTATE, FALSE, 0);
+    return 0;
+}
+
+frame::answer CButtonST::_on_mouse(UINT uMsg, WPARAM wParam, LPARAM lParam) {
+    switch (uMsg) {
+        case WM_MOUSEMOVE:
+            _on_mouse_move(wParam, frame::point_of(lParam));
+            return frame::declined;
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+            // An owner-drawn button would take the second of two fast presses for something else.
+            return _on_button_down(wParam, lParam);
+        case WM_LBUTTONUP:
+            return _on_button_up();
+        default:
+            return frame::declined;
+    }
+}
+
+frame::answer CButtonST::_on_released_key() {
+    ::ReleaseCapture();
+    ::SendMessageW(m_hWnd, BM_SETSTATE, FALSE, 0);
+    m_sink->OnButtonClick();
+    return 0;
+}
+
+// A button with two parts has keys for both: space and Enter for the first, F4 and Alt with the down
+// arrow for the drop-down.
+frame::answer CButtonST::_on_key(UINT uMsg, WPARAM wParam, LPARAM lParam) {
+    if (!_has_sink()) {
+        return frame::declined;
+    }
+    const bool drops =
+        (uMsg == WM_KEYDOWN && wParam == VK_F4) || (uMsg == WM_SYSKEYDOWN && wParam == VK_DOWN);
+    if (drops) {
+        m_sink->OnDropDownClick();
+        return 0;
+    }
+    if (uMsg == WM_KEYDOWN && wParam == VK_RETURN) {
+        m_sink->OnButtonClick();
+        return 0;
+    }
+    const bool pushed = (::SendMessageW(m_hWnd, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0;
+    if (uMsg == WM_KEYUP && wParam == VK_SPACE && pushed) {
+        return _on_released_key();
+    }
+    const auto* const message = reinterpret_cast<const MSG*>(lParam);
+    if (uMsg == WM_GETDLGCODE && message != nullptr && message->wParam == VK_RETURN) {
+        return DLGC_WANTALLKEYS;
+    }
+    return frame::declined;
+}
+
+LRESULT CButtonST::_after_losing_heat(UINT uMsg, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = DefWindowProc(uMsg, wParam, lParam);
+    if ((m_flags & ButtonFlag::HotTracking) != 0 && IsHot()) {
+        _cool();
+    }
+    return result;
+}
+
+void CButtonST::_on_reflected_click() {
+    if ((m_flags & ButtonFlag::Check) != 0) {
+        put_Check(!m_checked);
+    } else if (!m_url.empty()) {
+        OpenURL(m_url);
+    }
+}
+
+frame::answer CButtonST::_on_reflected(UINT uMsg, WPARAM wParam, LPARAM lParam) {
+    switch (uMsg) {
+        case OCM_DRAWITEM:
+            _draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+            return TRUE;
+        case OCM_CTLCOLORBTN:
+            return reinterpret_cast<LRESULT>(::GetStockObject(NULL_BRUSH));
+        case OCM_COMMAND:
+            if (HIWORD(wParam) != BN_CLICKED) {
+                return frame::declined;
+            }
+            _on_reflected_click();
+            return 0;
+        default:
+            return frame::declined;
+    }
+}
+
+void CButtonST::_open_theme() {
+    m_theme = ::IsAppThemed() ? ::OpenThemeData(m_hWnd, L"BUTTON") : nullptr;
+}
+
+void CButtonST::_close_theme() {
+    if (m_theme != nullptr) {
+        ::CloseThemeData(m_theme);
+        m_theme = nullptr;
+    }
+}
+
+// Gives back all that belongs to the window.
+void CButtonST::_let_go() {
+    _close_theme();
+    m_surface.Release();
+    if (m_tooltip != nullptr) {
+        ::DestroyWindow(m_tooltip);
+        m_tooltip = nullptr;
+    }
+}
+
+BOOL CButtonST::ProcessWindowMessage(HWND, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT& lResult,
+                                     DWORD dwMsgMapID) {
+    if (!BS_ASSERT_TEXT(dwMsgMapID == 0, "0")) {
+        return FALSE;
+    }
+    return frame::take(frame::guarded(BS_HERE, [&] { return _ProcessWindowMessage(uMsg, wParam, lParam); }),
+                       lResult);
+}
+
+frame::answer CButtonST::_ProcessWindowMessage(UINT uMsg, WPARAM wParam, LPARAM lParam) {
+    if (is_mouse_message(uMsg)) {
+        _relay(uMsg, wParam, lParam);
+        return _on_mouse(uMsg, wParam, lParam);
+    }
+    switch (uMsg) {
+        case WM_KILLFOCUS:
+        case WM_CANCELMODE:
+            return _after_losing_heat(uMsg, wParam, lParam);
+        case WM_ACTIVATE:
+            return LOWORD(wParam) == WA_INACTIVE ? frame::answer(_after_losing_heat(uMsg, wParam, lParam))
+                                                 : frame::declined;
+        case WM_ENABLE:
+            return wParam == FALSE ? frame::answer(_after_losing_heat(uMsg, wParam, lParam))
+                                   : frame::declined;
+        case WM_CAPTURECHANGED:
+            if (IsHot()) {
+                _cool();
+            }
+            return frame::declined;
+        case WM_SETCURSOR:
+            if (m_cursor == nullptr) {
+                return frame::declined;
+            }
+            ::SetCursor(m_cursor);
+            return 1;
+        case WM_ERASEBKGND:
+            // Every pixel is drawn by the paint; erasing first would flicker.
+            return 1;
+        case BM_SETSTYLE:
+            m_state = (wParam & BS_TYPEMASK) == BS_DEFPUSHBUTTON ? m_state | ButtonState::Default
+                                                                 : m_state & ~ButtonState::Default;
+            return DefWindowProc(uMsg, (wParam & ~WPARAM{BS_TYPEMASK}) | BS_OWNERDRAW, lParam);
+        case WM_THEMECHANGED:
+            _close_theme();
+            _open_theme();
+            Repaint();
+            return frame::declined;
+        case WM_NCDESTROY:
+            _let_go();
+            return frame::declined;
+        default: {
+            const frame::answer key = _on_key(uMsg, wParam, lParam);
+            return key ? key : _on_reflected(uMsg, wParam, lParam);
+        }
+    }
+}
+
+}  // namespace WTLControls
