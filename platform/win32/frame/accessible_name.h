@@ -13,6 +13,8 @@ class accessible_name final : public subclassed_window {
 public:
     // False when the window can't be subclassed.
     bool Attach(HWND control, const CString& name);
+    // The name that is told from now on.
+    void put_Name(const CString& name) { m_name = name; }
     const CString& get_Name() const { return m_name; }
 
     BOOL ProcessWindowMessage(HWND hWnd, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT& lResult,

@@ -4,11 +4,13 @@
 
 #include "charting/orderdeck/src/window/PanelItems.h"
 #include "charting/orderdeck/src/window/WindowText.h"
+#include "unicomp/Simples/interface/resource_string.h"
 
 namespace OV_OrderDeck {
 
 namespace {
 
+constexpr UINT quotes_title = 140;
 constexpr int text_margin = 4;
 constexpr LONG widest_drop_down = 15;
 // The row that the keys take: it stays in the middle while the ladder moves past it.
@@ -31,6 +33,7 @@ bool AskBidButtonImpl::SubclassWindow(HWND button) {
     if (!CButtonST::SubclassWindow(button)) {
         return false;
     }
+    m_name.Attach(button, resource_string::text(quotes_title));
     _place_split();
     return m_range_bar.Create(button);
 }
@@ -64,8 +67,15 @@ void AskBidButtonImpl::UpdateText() {
         const LONG room = client_width(m_hWnd) - widest_drop_down - 2 * text_margin;
         m_font.Fit(m_hWnd, caption.text, static_cast<int>(room));
         ::SetWindowTextW(m_hWnd, caption.text.c_str());
+        m_name.put_Name(_spoken(caption.text));
         Repaint();
     }
+}
+
+// For those who do not see the button: what the number on it is.
+CString AskBidButtonImpl::_spoken(const CString& shown) {
+    const CString title = resource_string::text(quotes_title);
+    return shown == title + L' ' ? title : title + L' ' + shown;
 }
 
 void AskBidButtonImpl::_post_command() const {

@@ -3,6 +3,7 @@
 #include "charting/orderdeck/src/window/AskBidPrices.h"
 #include "charting/orderdeck/src/window/FittedFont.h"
 #include "charting/orderdeck/src/window/RangeBar.h"
+#include "platform/win32/frame/accessible_name.h"
 #include "unicomp/wtlcontrols/buttonst/ButtonST.h"
 
 namespace OV_OrderDeck {
@@ -44,6 +45,7 @@ private:
     void UpdateText();
     void _update_face();
     void _place_split();
+    static CString _spoken(const CString& shown);
     void _post_command() const;
     frame::answer _on_ladder_key(WPARAM key);
 
@@ -52,6 +54,7 @@ private:
     // A request to hear when the mouse leaves is outstanding.
     bool m_tracking = false;
     CFittedFont m_font;
+    frame::accessible_name m_name;
 };
 
 }  // namespace OV_OrderDeck

@@ -1,0 +1,61 @@
+// Nothing of the system's is left behind by the drawn controls.
+#include "charting/orderdeck/src/window/AskBidButtonImpl.h"
+#include "tests/buttons/button_fixture.h"
+#include "tests/support/highest_slots.h"
+
+namespace {
+
+using namespace OV_OrderDeck;
+
+constexpr int warm_up = 20;
+constexpr int rounds = 10000;
+constexpr DWORD flags = WTLControls::ButtonFlag::Gradient | WTLControls::ButtonFlag::Content;
+
+template <class Round>
+void leaves_nothing(Round&& round) {
+    for (int i = 0; i < warm_up; ++i) {
+        round();
+    }
+    button_tests::pump();
+    const highest_slots before;
+    for (int i = 0; i < rounds; ++i) {
+        round();
+        if (i % 100 == 0) {
+            button_tests::pump();
+        }
+    }
+    button_tests::pump();
+    // One object left by every tenth control would show.
+    const highest_slots after;
+    EXPECT_LT(after.gdi - before.gdi, rounds / 10);
+    EXPECT_LT(after.user - before.user, rounds / 10);
+}
+
+TEST(Handles, TenThousandTradeButtonsLeaveNothing) {
+    button_tests::owner_window owner;
+    leaves_nothing([&] {
+        const HWND window = owner.make_button(225, 66, 37);
+        WTLControls::CButtonSTForBuyAction button;
+        button.SubclassWindow(window);
+        button.put_Flags(flags);
+        UpdateWindow(window);
+        DestroyWindow(window);
+    });
+}
+
+TEST(Handles, TenThousandQuoteButtonsAndTheirLaddersLeaveNothing) {
+    button_tests::owner_window owner;
+    leaves_nothing([&] {
+        const HWND window = owner.make_button(231, 100, 20);
+        AskBidButtonImpl button;
+        button.SubclassWindow(window);
+        button.put_Flags(flags);
+        button.SetFormat(2, 1);
+        button.SetQuotes(101.5, 101.25);
+        button.Redraw();
+        UpdateWindow(window);
+        DestroyWindow(window);
+    });
+}
+
+}  // namespace

@@ -1,0 +1,397 @@
+#include "charting/orderdeck/src/window/RangeBar.h"
+
+#include "charting/orderdeck/src/window/AskBidButtonImpl.h"
+#include "charting/orderdeck/src/window/LadderColours.h"
+#include "charting/orderdeck/src/window/RangeImages.h"
+#include "charting/orderdeck/src/window/WindowText.h"
+#include "tests/buttons/button_fixture.h"
+#include "unicomp/wtlcontrols/buttonst/ButtonSTRendererEx.h"
+
+namespace {
+
+using namespace OV_OrderDeck;
+using button_tests::pump;
+using button_tests::snapshot;
+
+constexpr LONG ask_mode = 1;
+constexpr LONG mid_mode = 2;
+constexpr LONG bid_mode = 3;
+
+class RangeBarWindow : public testing::Test {
+protected:
+    RangeBarWindow() : window(owner.make_button(231, 100, 20)) {
+        button.SubclassWindow(window);
+        button.put_Flags(WTLControls::ButtonFlag::Gradient | WTLControls::ButtonFlag::Content);
+        button.SetFormat(2, 25);
+        button.SetQuotes(100.0, 99.5);
+        button.Redraw();
+        pump();
+    }
+    ~RangeBarWindow() override { button.get_RangeBar().Destroy(); }
+
+    HWND bar() { return button.get_RangeBar().get_Hwnd(); }
+    CRangeLadder& ladder() { return button.get_RangeBar().get_Ladder(); }
+    void open() {
+        button.OnDropDownClick();
+        ASSERT_TRUE(IsWindowVisible(bar()));
+    }
+    // A height inside a row, as a click finds it.
+    LONG y_of(LONG row) {
+        return ladder().get_ButtonHeight() + row * ladder().get_RowHeight() + ladder().get_RowHeight() / 2;
+    }
+    LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return SendMessageW(bar(), message, wParam, lParam);
+    }
+    void click_row(LONG row) { send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(10, y_of(row))); }
+    void closed() {
+        EXPECT_FALSE(IsWindowVisible(bar()));
+        EXPECT_FALSE(IsWindowEnabled(bar()));
+    }
+    COLORREF face() { return button.get_Picture().colours.at(1); }
+
+    diagnostics_recorder reports;
+    button_tests::owner_window owner;
+    HWND window;
+    AskBidButtonImpl button;
+};
+
+TEST_F(RangeBarWindow, IsMadeHiddenAndDisabledWithItsTwoButtons) {
+    closed();
+    const HWND up = GetDlgItem(bar(), 10001);
+    const HWND down = GetDlgItem(bar(), 10002);
+    RECT at = {};
+    GetWindowRect(up, &at);
+    MapWindowPoints(nullptr, bar(), reinterpret_cast<POINT*>(&at), 2);
+    RECT client = {};
+    GetClientRect(bar(), &client);
+    EXPECT_EQ(at.top, 0);
+    EXPECT_EQ(at.right - at.left, ladder().get_Width());
+    EXPECT_EQ(at.bottom, ladder().get_ButtonHeight());
+    GetWindowRect(down, &at);
+    MapWindowPoints(nullptr, bar(), reinterpret_cast<POINT*>(&at), 2);
+    EXPECT_EQ(at.bottom, client.bottom);
+    EXPECT_EQ(at.bottom - at.top, ladder().get_ButtonHeight());
+    EXPECT_EQ(client.bottom, ladder().get_Height());
+}
+
+TEST_F(RangeBarWindow, TakesItsMeasuresFromTheStockFont) {
+    const HDC dc = GetDC(nullptr);
+    const HGDIOBJ old = SelectObject(dc, GetStockObject(DEFAULT_GUI_FONT));
+    SIZE letters = {};
+    GetTextExtentPoint32W(dc, L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz", 52, &letters);
+    TEXTMETRICW metrics = {};
+    GetTextMetricsW(dc, &metrics);
+    SelectObject(dc, old);
+    ReleaseDC(nullptr, dc);
+    EXPECT_EQ(ladder().get_CharWidth(), (letters.cx / 26 + 1) / 2);
+    EXPECT_EQ(ladder().get_RowHeight(), MulDiv(metrics.tmHeight, 14, 8) + 1);
+}
+
+TEST_F(RangeBarWindow, OpensBesideTheButtonWithoutTheFocusAndClosesAgain) {
+    SetFocus(window);
+    open();
+    EXPECT_TRUE(IsWindowEnabled(bar()));
+    EXPECT_EQ(GetFocus(), window);
+    RECT from = {};
+    GetWindowRect(window, &from);
+    RECT at = {};
+    GetWindowRect(bar(), &at);
+    EXPECT_EQ(at.left, from.right);
+    EXPECT_EQ(at.right - at.left, ladder().get_Width() + 1);
+    EXPECT_EQ(at.bottom - at.top, ladder().get_Height());
+    EXPECT_EQ(at.top, (from.top + from.bottom) / 2 - ladder().get_Height() / 2);
+    EXPECT_NE(GetWindowLongPtrW(bar(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
+    button.OnDropDownClick();
+    closed();
+}
+
+TEST_F(RangeBarWindow, OpensAtPositionThreeEachTime) {
+    open();
+    send(WM_KEYDOWN, VK_UP);
+    send(WM_KEYDOWN, VK_ESCAPE);
+    closed();
+    EXPECT_EQ(ladder().get_Pos(), 4);
+    open();
+    EXPECT_EQ(ladder().get_Pos(), 3);
+    EXPECT_EQ(ladder().get_Price(2), 100.0);
+}
+
+TEST_F(RangeBarWindow, AClickOnARowGivesItsPriceHidesAndGoesBackToTheButton) {
+    open();
+    owner.focused.clear();
+    click_row(2);
+    EXPECT_EQ(button.get_HitPrice(), 100.0);
+    EXPECT_EQ(button.get_Mode(), ask_mode);
+    EXPECT_EQ(face(), RGB(255, 190, 190));
+    EXPECT_EQ(window_text(window), L"100.00 ");
+    closed();
+    EXPECT_EQ(owner.focused, std::vector<HWND>{window});
+    EXPECT_TRUE(owner.commands.empty()) << "the command is posted";
+    pump();
+    EXPECT_EQ(owner.commands, std::vector<int>{231});
+}
+
+TEST_F(RangeBarWindow, MidAndBidRowsChooseTheirModesAndOtherRowsNone) {
+    open();
+    click_row(4);
+    EXPECT_EQ(button.get_Mode(), bid_mode);
+    EXPECT_EQ(face(), RGB(177, 197, 241));
+    open();
+    click_row(0);
+    EXPECT_EQ(button.get_Mode(), bid_mode);
+    EXPECT_EQ(button.get_HitPrice(), 100.5);
+    EXPECT_EQ(window_text(window), L"99.50 ") << "the mode's price comes back";
+    open();
+    click_row(3);
+    EXPECT_EQ(button.get_Mode(), mid_mode);
+    EXPECT_EQ(face(), RGB(202, 215, 173));
+    pump();
+    EXPECT_EQ(owner.commands.size(), 3u);
+}
+
+TEST_F(RangeBarWindow, AClickWithoutTheLeftButtonOrBelowTheRowsChoosesNothing) {
+    open();
+    send(WM_LBUTTONDOWN, 0, MAKELPARAM(10, y_of(2)));
+    EXPECT_TRUE(IsWindowVisible(bar()));
+    send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(10, y_of(7)));
+    EXPECT_EQ(button.get_Mode(), mid_mode);
+    ASSERT_EQ(reports.traces().size(), 1u);
+    EXPECT_EQ(reports.traces()[0].find(L"std::out_of_range - "), 0u);
+    pump();
+    EXPECT_TRUE(owner.commands.empty());
+}
+
+TEST_F(RangeBarWindow, ItsButtonsAndTheWheelScrollByOne) {
+    open();
+    SendMessageW(GetDlgItem(bar(), 10001), BM_CLICK, 0, 0);
+    EXPECT_EQ(ladder().get_Pos(), 4);
+    EXPECT_EQ(ladder().get_Price(3), 100.0) << "the mid's row now holds the ask";
+    EXPECT_EQ(ladder().get_Price(0), 100.75);
+    SendMessageW(GetDlgItem(bar(), 10002), BM_CLICK, 0, 0);
+    SendMessageW(GetDlgItem(bar(), 10002), BM_CLICK, 0, 0);
+    EXPECT_EQ(ladder().get_Pos(), 2);
+    send(WM_MOUSEWHEEL, MAKEWPARAM(0, 120));
+    EXPECT_EQ(ladder().get_Pos(), 3);
+    send(WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-240)));
+    EXPECT_EQ(ladder().get_Pos(), 2);
+    send(WM_MOUSEWHEEL, MAKEWPARAM(0, 0));
+    EXPECT_EQ(ladder().get_Pos(), 2);
+    EXPECT_EQ(ladder().get_Price(2), 99.75) << "prices follow";
+}
+
+TEST_F(RangeBarWindow, KeysScrollItAndEscHidesIt) {
+    open();
+    send(WM_KEYDOWN, VK_PRIOR);
+    EXPECT_EQ(ladder().get_Pos(), 13);
+    EXPECT_EQ(ladder().get_Price(2), 102.5);
+    send(WM_KEYDOWN, VK_NEXT);
+    send(WM_KEYDOWN, VK_DOWN);
+    EXPECT_EQ(ladder().get_Pos(), 2);
+    send(WM_KEYDOWN, VK_HOME);
+    EXPECT_EQ(ladder().get_Pos(), 2);
+    EXPECT_TRUE(IsWindowVisible(bar()));
+    send(WM_KEYDOWN, VK_ESCAPE);
+    closed();
+}
+
+TEST_F(RangeBarWindow, TheButtonsKeysAreTheLaddersWhileItIsOpen) {
+    SetFocus(window);
+    SendMessageW(window, WM_KEYDOWN, VK_F4, 1);
+    ASSERT_TRUE(IsWindowVisible(bar()));
+    SendMessageW(window, WM_KEYDOWN, VK_UP, 1);
+    EXPECT_EQ(ladder().get_Pos(), 4);
+    SendMessageW(window, WM_MOUSEWHEEL, MAKEWPARAM(0, 120), 0);
+    EXPECT_EQ(ladder().get_Pos(), 5);
+    SendMessageW(window, WM_KEYDOWN, VK_SPACE, 1);
+    SendMessageW(window, WM_KEYUP, VK_SPACE, 1);
+    closed();
+    EXPECT_EQ(button.get_HitPrice(), 100.25) << "the row in the middle";
+    pump();
+    EXPECT_EQ(owner.commands, std::vector<int>{231});
+    SendMessageW(window, WM_KEYDOWN, VK_F4, 1);
+    SendMessageW(window, WM_KEYDOWN, VK_ESCAPE, 1);
+    closed();
+}
+
+TEST_F(RangeBarWindow, TheRowUnderTheMouseIsHotUntilItLeaves) {
+    open();
+    send(WM_MOUSEMOVE, 0, MAKELPARAM(5, y_of(1)));
+    EXPECT_EQ(ladder().get_HotRow(), 1);
+    EXPECT_EQ(GetFocus(), bar()) << "the first move takes the focus";
+    const snapshot shown(bar());
+    const COLORREF pink = ladder_colours[0];
+    const LONG y = ladder().get_RowRect(1).top + 3;
+    EXPECT_EQ(shown.at(2, static_cast<int>(y)), pink ^ 0xFFFFFF);
+    SetFocus(window);
+    send(WM_MOUSEMOVE, 0, MAKELPARAM(5, y_of(2)));
+    EXPECT_EQ(ladder().get_HotRow(), 2);
+    EXPECT_EQ(GetFocus(), window) << "a later one does not";
+    send(WM_MOUSELEAVE);
+    EXPECT_EQ(ladder().get_HotRow(), -1);
+    send(WM_MOUSEMOVE, 0, MAKELPARAM(5, y_of(2)));
+    EXPECT_EQ(GetFocus(), bar()) << "the next visit begins anew";
+}
+
+TEST_F(RangeBarWindow, RowsHaveTheColourOfTheirPlace) {
+    open();
+    const snapshot shown(bar());
+    const auto ground = [&](LONG row) {
+        return shown.at(2, static_cast<int>(ladder().get_RowRect(row).top + 2));
+    };
+    for (LONG row = 0; row < 7; ++row) {
+        EXPECT_EQ(ground(row), ladder_colours[row < 3 ? 0 : row == 3 ? 1 : 2]) << row;
+    }
+    EXPECT_EQ(shown.at(5, static_cast<int>(ladder().get_RowRect(3).top)), GetSysColor(COLOR_3DDKSHADOW));
+}
+
+TEST_F(RangeBarWindow, LeavingTheApplicationHidesItAndGivesTheFocusBack) {
+    open();
+    owner.focused.clear();
+    send(WM_ACTIVATEAPP, TRUE);
+    EXPECT_TRUE(IsWindowVisible(bar()));
+    send(WM_ACTIVATEAPP, FALSE);
+    closed();
+    EXPECT_EQ(owner.focused, std::vector<HWND>{window});
+    owner.focused.clear();
+    send(WM_ACTIVATEAPP, FALSE);
+    EXPECT_TRUE(owner.focused.empty()) << "a hidden bar has nothing to give back";
+}
+
+TEST_F(RangeBarWindow, StaysWhenItsWindowIsNoLongerTheActiveOne) {
+    open();
+    send(WM_ACTIVATE, WA_INACTIVE);
+    send(WM_KILLFOCUS);
+    EXPECT_TRUE(IsWindowVisible(bar()));
+}
+
+TEST_F(RangeBarWindow, GrowsForALongPriceAndForgetsItWithTheSymbol) {
+    button.SetQuotes(123456789.25, 1.0);
+    button.Redraw();
+    const LONG wide = ladder().get_Width();
+    EXPECT_GT(wide, 40);
+    RECT at = {};
+    GetWindowRect(bar(), &at);
+    EXPECT_EQ(at.right - at.left, wide);
+    GetWindowRect(GetDlgItem(bar(), 10002), &at);
+    EXPECT_EQ(at.right - at.left, wide);
+    button.SetFormat(2, 1);
+    EXPECT_EQ(ladder().get_Width(), 40);
+    GetWindowRect(GetDlgItem(bar(), 10001), &at);
+    EXPECT_EQ(at.right - at.left, 40);
+}
+
+TEST_F(RangeBarWindow, AThemeChangeDrawsItAnew) {
+    open();
+    UpdateWindow(bar());
+    EXPECT_EQ(send(WM_THEMECHANGED), 0);
+    EXPECT_TRUE(GetUpdateRect(bar(), nullptr, FALSE));
+}
+
+TEST_F(RangeBarWindow, EndsWithItsButtonsWindow) {
+    const HWND made = bar();
+    DestroyWindow(window);
+    EXPECT_FALSE(IsWindow(made));
+}
+
+TEST_F(RangeBarWindow, IsNamedForThoseWhoDoNotSeeIt) {
+    EXPECT_EQ(window_text(bar()), L"買價/賣價");
+    EXPECT_FALSE(window_text(GetDlgItem(bar(), 10001)).empty());
+}
+
+TEST_F(RangeBarWindow, AnUnexpectedMapIdIsReported) {
+    LRESULT result = 0;
+    EXPECT_FALSE(button.get_RangeBar().ProcessWindowMessage(bar(), WM_SIZE, 0, 0, result, 1));
+    ASSERT_EQ(reports.assertions().size(), 1u);
+    EXPECT_EQ(reports.assertions()[0].description, L"0");
+}
+
+TEST_F(RangeBarWindow, TheButtonsTwoPartsDoTheirOwn) {
+    RECT client = {};
+    GetClientRect(window, &client);
+    SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(client.right - 3, 10));
+    SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(client.right - 3, 10));
+    EXPECT_TRUE(IsWindowVisible(bar()));
+    SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(10, 10));
+    SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(10, 10));
+    closed();
+    EXPECT_EQ(button.get_HitPrice(), 99.75);
+    pump();
+    EXPECT_EQ(owner.commands, std::vector<int>{231});
+}
+
+TEST_F(RangeBarWindow, ADisabledButtonSaysWhatItWouldShow) {
+    EnableWindow(window, FALSE);
+    button.Redraw();
+    EXPECT_EQ(window_text(window), L"買價/賣價 ");
+    EnableWindow(window, TRUE);
+    button.Redraw();
+    EXPECT_EQ(window_text(window), L"99.75 ");
+    button.put_Mode(0);
+    button.Redraw();
+    EXPECT_FALSE(IsWindowEnabled(window));
+    EXPECT_EQ(face(), GetSysColor(COLOR_BTNFACE));
+}
+
+TEST(RangeImages, AreSixSixteenHighAndAsWideAsTheBar) {
+    const HIMAGELIST images = make_range_images(nullptr, 40, 12);
+    int width = 0;
+    int height = 0;
+    ImageList_GetIconSize(images, &width, &height);
+    EXPECT_EQ(width, 40);
+    EXPECT_EQ(height, 16);
+    EXPECT_EQ(ImageList_GetImageCount(images), 6);
+    ImageList_Destroy(images);
+}
+
+class arrow_canvas {
+public:
+    arrow_canvas() {
+        const HDC screen = GetDC(nullptr);
+        m_dc = CreateCompatibleDC(screen);
+        m_bitmap = CreateCompatibleBitmap(screen, 5, 5);
+        ReleaseDC(nullptr, screen);
+        m_old = SelectObject(m_dc, m_bitmap);
+        PatBlt(m_dc, 0, 0, 5, 5, WHITENESS);
+    }
+    ~arrow_canvas() {
+        SelectObject(m_dc, m_old);
+        DeleteObject(m_bitmap);
+        DeleteDC(m_dc);
+    }
+    arrow_canvas(const arrow_canvas&) = delete;
+    arrow_canvas& operator=(const arrow_canvas&) = delete;
+
+    std::vector<std::string> draw(bool up) const {
+        WTLControls::DrawArrow(m_dc, {0, 0, 5, 5}, RGB(50, 50, 50), up);
+        std::vector<std::string> lines;
+        for (int y = 0; y < 5; ++y) {
+            std::string line;
+            for (int x = 0; x < 5; ++x) {
+                line += GetPixel(m_dc, x, y) == RGB(50, 50, 50) ? '#' : '.';
+            }
+            lines.push_back(line);
+        }
+        return lines;
+    }
+
+private:
+    HDC m_dc;
+    HBITMAP m_bitmap;
+    HGDIOBJ m_old;
+};
+
+TEST(DrawArrow, IsATriangleWithItsFlatSideAwayFromItsPoint) {
+    EXPECT_EQ(arrow_canvas().draw(true),
+              (std::vector<std::string>{".....", "..#..", ".###.", "#####", "....."}));
+    EXPECT_EQ(arrow_canvas().draw(false),
+              (std::vector<std::string>{".....", "#####", ".###.", "..#..", "....."}));
+}
+
+TEST(DrawArrow, ReportsASurfaceThatIsNone) {
+    diagnostics_recorder reports;
+    WTLControls::DrawArrow(nullptr, {0, 0, 5, 5}, 0, true);
+    ASSERT_EQ(reports.assertions().size(), 1u);
+    EXPECT_EQ(reports.assertions()[0].description, L"hDC");
+}
+
+}  // namespace
