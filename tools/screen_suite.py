@@ -21,6 +21,7 @@ SCENES = (
     "first_run",
     "order_types",
     "prices",
+    "quotes",
     "quantity",
     "calculator",
     "hot_keys",
