@@ -96,7 +96,9 @@ boost::shared_ptr<ITab> COrderDeckWindow::get_Tab(LONG id) {
 }
 
 boost::shared_ptr<ITab> COrderDeckWindow::get_CurTab() {
-    return m_tab_ctrl.get_Current() != -1 ? get_Tab(m_tab_ctrl.get_CurrentId()) : boost::shared_ptr<ITab>();
+    // No tab has the id 0, which is that of no selection. Each quote comes by here, so the strip is asked
+    // once.
+    return get_Tab(m_tab_ctrl.get_CurrentId());
 }
 
 boost::shared_ptr<IUnifyControl> COrderDeckWindow::get_Control(OD_UpdateEntity entity) {
