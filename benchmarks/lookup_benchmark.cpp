@@ -1,5 +1,7 @@
 // A name that is looked up in a table of a million rows, beside a bare walk over the same table that reads
 // what the rule needs of each row and looks at none of it. The host's share, a text for each row, is in both.
+#include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <cwchar>
 #include <memory>
@@ -11,12 +13,14 @@
 #include "charting/orderdeck/interface/TradeInfo.h"
 #include "charting/orderdeck/src/lookup/ProcessSymbols.h"
 #include "platform/class_factory.h"
+#include "platform/com_create.h"
 
 namespace {
 
 long allocations = 0;
 
 constexpr int Rows = 1'000'000;
+constexpr int Turns = 25;
 constexpr LONG FeedId = 7;
 constexpr wchar_t Feed[] = L"Feed";
 constexpr wchar_t Wanted[] = L"last of all";
@@ -121,10 +125,12 @@ void look_up() {
     }
 }
 
+// Over a table that is made by its class, as the lookup's is: the compiler sees through neither.
 void walk() {
-    const auto table = platform::make_com<big_table>();
+    com_ptr<IovTable> table;
+    _com_util::CheckError(platform::create_running(CLSID_IovTable, table));
     IovTable& rows = *table;
-    table->fill(Rows);
+    static_cast<big_table&>(rows).fill(Rows);
     VARIANT_BOOL end = VARIANT_FALSE;
     rows.MoveFirst();
     rows.get_EndOfTable(&end);
@@ -142,6 +148,14 @@ void walk() {
         rows.MoveNext();
         rows.get_EndOfTable(&end);
     }
+}
+
+template <class Action>
+double nanoseconds_of_a_row(Action action) {
+    using clock = std::chrono::steady_clock;
+    const clock::time_point start = clock::now();
+    action();
+    return std::chrono::duration<double, std::nano>(clock::now() - start).count() / Rows;
 }
 
 template <class Action>
@@ -174,8 +188,13 @@ int main() {
     serve<big_table>(CLSID_IovTable);
     serve<all_symbols>(CLSID_SymbolRequest);
     the_names();
-    const double bare = benchmarks::nanoseconds_of_one(Rows, &walk);
-    const double lookup = benchmarks::nanoseconds_of_one(Rows, &look_up);
+    // In turn, and the least of each: what else the machine does falls on both alike.
+    double bare = nanoseconds_of_a_row(&walk);
+    double lookup = nanoseconds_of_a_row(&look_up);
+    for (int turn = 1; turn < Turns; ++turn) {
+        bare = std::min(bare, nanoseconds_of_a_row(&walk));
+        lookup = std::min(lookup, nanoseconds_of_a_row(&look_up));
+    }
     benchmarks::print_head("one of 1,000,000 rows", "of the bare walk");
     benchmarks::print_line("bare walk", bare, bare);
     benchmarks::print_line("lookup by name", lookup, bare);

@@ -150,7 +150,7 @@ bool CLookupImpl::_take_choice(IDataProperty& data, OD_SSymbolInfo& info) {
     if (BS_ASSERT(bRes)) {
         owned_text feed;
         report(BS_HERE, "get_DataFeed", quick->get_DataFeed(feed.receive()));
-        SysFreeString(info.DataFeed);
+        // Nothing else fills it.
         info.DataFeed = feed.release();
     }
     return bRes;

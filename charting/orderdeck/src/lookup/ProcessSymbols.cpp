@@ -6,10 +6,16 @@
 namespace OV_OrderDeck {
 namespace {
 
-void require(const BugSlayerUtil::code_location& where, const char* text, HRESULT hr) {
+[[gnu::cold]] void fail(const BugSlayerUtil::code_location& where, const char* text, HRESULT hr) {
+    BugSlayerUtil::assertion(where, text, hr);
+    _com_issue_error(hr);
+}
+
+// Costs a row nothing but the look at the result.
+[[gnu::always_inline]] inline void require(const BugSlayerUtil::code_location& where, const char* text,
+                                           HRESULT hr) {
     if (FAILED(hr)) {
-        BugSlayerUtil::assertion(where, text, hr);
-        _com_issue_error(hr);
+        fail(where, text, hr);
     }
 }
 

@@ -15,16 +15,16 @@ struct failure_places {
     code_location value;
 };
 
-failure_places all_at(const code_location& where) {
+constexpr failure_places all_at(const code_location& where) {
     return {where, where, where};
 }
 
-code_location at_line(code_location where, int line) {
+constexpr code_location at_line(code_location where, int line) {
     where.line = line;
     return where;
 }
 
-void fail(const code_location& where, const char* text, HRESULT hr) {
+[[gnu::cold]] void fail(const code_location& where, const char* text, HRESULT hr) {
     BugSlayerUtil::assertion(where, text, hr);
     _com_issue_error(hr);
 }
@@ -50,21 +50,24 @@ void read(tagOVFIELDID id, IovTable& table, HRESULT (STDMETHODCALLTYPE IovField:
 
 LONG GetAsLong(tagOVFIELDID id, IovTable& table) {
     // Deliberately fixed: logs in the field are searched by these lines.
-    const failure_places places{at_line(BS_HERE, 199), at_line(BS_HERE, 200), at_line(BS_HERE, 201)};
+    static constexpr failure_places places{at_line(BS_HERE, 199), at_line(BS_HERE, 200),
+                                           at_line(BS_HERE, 201)};
     LONG value = 0;
     read(id, table, &IovField::get_AsLong, &value, places);
     return value;
 }
 
 double GetAsDouble(tagOVFIELDID id, IovTable& table) {
+    static constexpr failure_places places = all_at(BS_HERE);
     double value = 0.0;
-    read(id, table, &IovField::get_AsDouble, &value, all_at(BS_HERE));
+    read(id, table, &IovField::get_AsDouble, &value, places);
     return value;
 }
 
 owned_text read_text(tagOVFIELDID id, IovTable& table) {
+    static constexpr failure_places places = all_at(BS_HERE);
     owned_text text;
-    read(id, table, &IovField::get_AsString, text.receive(), all_at(BS_HERE));
+    read(id, table, &IovField::get_AsString, text.receive(), places);
     return text;
 }
 
