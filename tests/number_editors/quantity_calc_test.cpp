@@ -303,6 +303,22 @@ TEST_F(QuantityCalc, AClickBringsItsFramedWindowToTheFront) {
     DestroyWindow(elsewhere);
 }
 
+TEST_F(QuantityCalc, ADrawnEditComesToRest) {
+    SetWindowTextW(window, L"1500");
+    for (const HWND drawn : {parent, window}) {
+        RedrawWindow(drawn, nullptr, nullptr,
+                     RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    }
+    int served = 0;
+    constexpr int many = 1000;
+    MSG message = {};
+    while (served < many && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        DispatchMessageW(&message);
+        ++served;
+    }
+    EXPECT_LT(served, many);
+}
+
 // A frame with two documents; the edit is in the first, the second is active.
 class QuantityInDocument : public QuantityCalc {
 protected:
