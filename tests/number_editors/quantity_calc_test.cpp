@@ -303,6 +303,16 @@ TEST_F(QuantityCalc, AClickBringsItsFramedWindowToTheFront) {
     DestroyWindow(elsewhere);
 }
 
+// An edit that asks to be drawn while its children are still being made must not ask for the whole screen.
+TEST_F(QuantityCalc, AnEditThatIsErasedBeforeItHasChildrenLeavesOtherWindowsAlone) {
+    CQuantityCalc childless{&host};
+    UpdateWindow(other);
+    ASSERT_FALSE(GetUpdateRect(other, nullptr, FALSE));
+    LRESULT result = 0;
+    childless.ProcessWindowMessage(nullptr, WM_ERASEBKGND, 0, 0, result, 0);
+    EXPECT_FALSE(GetUpdateRect(other, nullptr, FALSE));
+}
+
 TEST_F(QuantityCalc, ADrawnEditComesToRest) {
     SetWindowTextW(window, L"1500");
     for (const HWND drawn : {parent, window}) {

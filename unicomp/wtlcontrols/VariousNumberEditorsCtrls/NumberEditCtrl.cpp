@@ -51,6 +51,13 @@ void CNumberEditCtrl::Init() {
     AddStyle(WS_CLIPCHILDREN | (m_digits_only ? ES_NUMBER : 0));
 }
 
+// Without a window the system would draw all of the screen anew.
+void CNumberEditCtrl::Invalidate(HWND child) {
+    if (child != nullptr) {
+        ::InvalidateRect(child, nullptr, TRUE);
+    }
+}
+
 void CNumberEditCtrl::AddStyle(LONG_PTR style) const {
     ::SetWindowLongPtrW(m_hWnd, GWL_STYLE, ::GetWindowLongPtrW(m_hWnd, GWL_STYLE) | style);
 }
@@ -85,7 +92,7 @@ frame::answer CNumberEditCtrl::_dispatch(UINT uMsg, WPARAM wParam, LPARAM lParam
             return 0;
         case WM_ERASEBKGND:
             DefWindowProc(uMsg, wParam, lParam);
-            ::InvalidateRect(m_spin, nullptr, TRUE);
+            Invalidate(m_spin);
             return 1;
         case WM_TIMER:
             if (wParam != caret_timer) {

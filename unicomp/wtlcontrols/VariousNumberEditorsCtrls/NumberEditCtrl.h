@@ -38,6 +38,8 @@ protected:
 
     // The message is one after which the edit may have been drawn over its children.
     static bool DrawsOverChildren(UINT uMsg);
+    // Has a child drawn again; nothing for none.
+    static void Invalidate(HWND child);
     void AddStyle(LONG_PTR style) const;
 
     // The edit takes digits only.

@@ -85,10 +85,16 @@ void CQuantityCalc::_make_button() {
 }
 
 void CQuantityCalc::_place_button() const {
+    if (get_Button() == nullptr) {
+        return;
+    }
     RECT client = {};
     ::GetClientRect(m_hWnd, &client);
+    const int height = client.bottom - client.top;
     ::MoveWindow(get_Button(), client.right - client.left - button_from_right, button_top, button_size,
-                 client.bottom - client.top, TRUE);
+                 height, TRUE);
+    // An edit may draw its border inside; its lower line stays in sight.
+    ::SetWindowRgn(get_Button(), ::CreateRectRgn(0, 0, button_size, height - 2 * button_top), TRUE);
 }
 
 void CQuantityCalc::put_Images(UINT strip) {
@@ -119,8 +125,8 @@ frame::answer CQuantityCalc::_dispatch(UINT uMsg, WPARAM wParam, LPARAM lParam) 
         case WM_ENABLE:
             return _on_enable(wParam, lParam);
         case WM_ERASEBKGND:
-            ::InvalidateRect(get_Button(), nullptr, TRUE);
-            ::InvalidateRect(get_Spin(), nullptr, TRUE);
+            Invalidate(get_Button());
+            Invalidate(get_Spin());
             return DefWindowProc(uMsg, wParam, lParam);
         case WM_LBUTTONUP:
             return _on_button_up(wParam, lParam);
