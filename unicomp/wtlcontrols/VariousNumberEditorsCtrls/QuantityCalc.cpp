@@ -93,8 +93,6 @@ void CQuantityCalc::_place_button() const {
     const int height = client.bottom - client.top;
     ::MoveWindow(get_Button(), client.right - client.left - button_from_right, button_top, button_size,
                  height, TRUE);
-    // An edit may draw its border inside; its lower line stays in sight.
-    ::SetWindowRgn(get_Button(), ::CreateRectRgn(0, 0, button_size, height - 2 * button_top), TRUE);
 }
 
 void CQuantityCalc::put_Images(UINT strip) {
