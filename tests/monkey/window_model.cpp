@@ -193,8 +193,7 @@ void window_model::update(const row_model& row, unsigned mask) {
 
 void window_model::update_panel(row_model& row, bit field, bool keep_quantity) {
     mirror& its = m_panel[field];
-    // With no quotes there is nothing to choose.
-    its.enabled = row.enabled(field) && (field != quotes_bit || !row.empty(field));
+    its.enabled = row.enabled(field);
     its.hidden = row.hidden(field);
     if (field == symbol_bit) {
         update_symbol(row, keep_quantity);
