@@ -5,7 +5,6 @@
 #include "market/symbol_file.h"
 #include "market/time_text.h"
 #include "services/disconnect_confirmer.h"
-#include "services/lookup_service.h"
 #include "services/on_command.h"
 #include "services/profile_editor.h"
 #include "services/quantity_calculator.h"
@@ -52,12 +51,7 @@ application::application(const options& settings)
     load_symbols();
     associate_data_feed();
     register_classes();
-    m_component = std::make_unique<component>(settings.dll, m_classes);
-    if (!m_component->has_lookup()) {
-        m_classes.add(__uuidof(LookupImpl), [this] {
-            return make_unknown<lookup_service>([this](HWND owner) { return choose_from_menu(owner); });
-        });
-    }
+    m_component = std::make_unique<component>(settings.dll);
     m_frame->show();
     start_bar();
 }
@@ -161,20 +155,6 @@ void application::map_symbols(HWND owner, const std::string& name) {
                 " at the bar's next start");
         }
     }
-}
-
-const instrument* application::choose_from_menu(HWND owner) {
-    const HMENU menu = CreatePopupMenu();
-    for (const instrument& one : instruments()) {
-        AppendMenuW(menu, MF_STRING, static_cast<UINT_PTR>(one.id),
-                    to_wide(one.name + "\t" + one.description).c_str());
-    }
-    POINT where{};
-    GetCursorPos(&where);
-    const int chosen = TrackPopupMenu(menu, TPM_RETURNCMD | TPM_NONOTIFY, where.x, where.y, 0,
-                                      IsWindow(owner) ? owner : m_frame->handle(), nullptr);
-    DestroyMenu(menu);
-    return find_instrument(chosen);
 }
 
 void application::log(const std::string& text) {

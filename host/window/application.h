@@ -40,7 +40,6 @@ private:
     // The profile whose tab shows; null for none.
     const profile* active_profile() const;
     void refresh_menu();
-    const instrument* choose_from_menu(HWND owner);
     void log(const std::string& text);
     void refresh_status();
 

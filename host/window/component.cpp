@@ -17,13 +17,6 @@ ref<IClassFactory> factory_of(get_class_object get, REFCLSID clsid) {
     return ref<IClassFactory>(SUCCEEDED(hr) ? factory : nullptr, false);
 }
 
-bool is_creatable(REFCLSID clsid) {
-    IClassFactory* factory = nullptr;
-    const HRESULT hr = CoGetClassObject(clsid, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
-                                        reinterpret_cast<void**>(&factory));
-    return SUCCEEDED(hr) && ref<IClassFactory>(factory, false) != nullptr;
-}
-
 }  // namespace
 
 std::wstring beside_program(const std::wstring& name) {
@@ -32,11 +25,11 @@ std::wstring beside_program(const std::wstring& name) {
     return std::filesystem::path(program.data()).replace_filename(name).wstring();
 }
 
-component::component(const std::string& path, class_registry& classes) {
+component::component(const std::string& path) {
     if (!path.empty()) {
-        load_library(std::filesystem::absolute(to_wide(path)).wstring(), classes);
+        load_library(std::filesystem::absolute(to_wide(path)).wstring());
     } else if (!load_registered()) {
-        load_library(beside_program(L"OrderDeck.dll"), classes);
+        load_library(beside_program(L"OrderDeck.dll"));
     }
 }
 
@@ -49,12 +42,11 @@ bool component::load_registered() {
     }
     m_root = ref<ISWUnifyAccess>(root, false);
     m_origin = "the registered class";
-    m_has_lookup = is_creatable(__uuidof(LookupImpl));
     return true;
 }
 
 // The library is never freed: windows and objects of it may live until the process ends.
-void component::load_library(const std::wstring& path, class_registry& classes) {
+void component::load_library(const std::wstring& path) {
     const HMODULE library = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (library == nullptr) {
         fail(to_utf8(path) + " can't be loaded", GetLastError());
@@ -66,10 +58,6 @@ void component::load_library(const std::wstring& path, class_registry& classes) 
     if (factory == nullptr) {
         fail(to_utf8(path) + " has no order bar", static_cast<unsigned long>(CLASS_E_CLASSNOTAVAILABLE));
         return;
-    }
-    if (const ref<IClassFactory> lookup = factory_of(get, __uuidof(LookupImpl))) {
-        classes.add_factory(__uuidof(LookupImpl), lookup.get());
-        m_has_lookup = true;
     }
     ISWUnifyAccess* root = nullptr;
     const HRESULT hr =

@@ -5,7 +5,6 @@
 
 #include <string>
 
-#include "com/class_object.h"
 #include "com/object.h"
 
 namespace host {
@@ -14,9 +13,8 @@ class component {
 public:
     // Looks in this order: the library at the path, when one is given; the registered class; the library
     // beside this program. A library by path needs no registration: its class objects are asked for
-    // directly, and its lookup class is entered into the registry of this process, where the bar's own
-    // CoCreateInstance finds it.
-    component(const std::string& path, class_registry& classes);
+    // directly, and the bar makes its symbol lookup itself.
+    explicit component(const std::string& path);
 
     // Null when there is no component.
     ISWUnifyAccess* root() const { return m_root.get(); }
@@ -24,17 +22,13 @@ public:
     // Where the root came from, or why there is none, for people.
     const std::string& origin() const { return m_origin; }
 
-    // True when the bar's symbol lookup can be created.
-    bool has_lookup() const { return m_has_lookup; }
-
 private:
     bool load_registered();
-    void load_library(const std::wstring& path, class_registry& classes);
+    void load_library(const std::wstring& path);
     void fail(const std::string& what, unsigned long code);
 
     ref<ISWUnifyAccess> m_root;
     std::string m_origin;
-    bool m_has_lookup = false;
 };
 
 // "name" in the folder of this program.

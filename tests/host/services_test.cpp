@@ -5,7 +5,6 @@
 #include "centre_fixture.h"
 #include "com/class_object.h"
 #include "services/disconnect_confirmer.h"
-#include "services/lookup_service.h"
 #include "services/on_command.h"
 #include "services/symbol_mapping.h"
 
@@ -83,85 +82,6 @@ TEST_F(HostConfirmer, OrdersOfOtherProfilesAreNotAskedAbout) {
         *m_world.paper, [](HWND, const std::string&, const std::vector<order>&) { return false; });
     EXPECT_EQ(confirmer->Confirm(0, &m_world.remote()), S_OK);
     EXPECT_EQ(confirmer->Confirm(0, nullptr), E_POINTER);
-}
-
-class HostLookup : public ::testing::Test {
-protected:
-    void SetUp() override { m_lookup->Initialize(0, bstr("OrderDeck Paper"), VARIANT_FALSE, nullptr); }
-    void TearDown() override { clear_symbol(m_record); }
-
-    OD_LookupResult m_result = eODLR_NotSupported;
-    OD_SSymbolInfo m_record{};
-    const instrument* m_choice = nullptr;
-    int m_asked = 0;
-    ref<lookup_service> m_lookup = make<lookup_service>([this](HWND) {
-        ++m_asked;
-        return m_choice;
-    });
-};
-
-TEST_F(HostLookup, ANameGivesTheWholeRecordWithoutRegardToCase) {
-    ASSERT_EQ(m_lookup->GetSymbolInfo(bstr("zbz6"), 0, nullptr, &m_record, &m_result), S_OK);
-    EXPECT_EQ(m_result, eODLR_Selected);
-    EXPECT_EQ(bstr_text(m_record.Name), "ZBZ6");
-    EXPECT_EQ(bstr_text(m_record.DataFeed), "OrderDeck Quotes");
-    EXPECT_EQ(bstr_text(m_record.Root), "ZB");
-    EXPECT_EQ(bstr_text(m_record.Description), "30-Year T-Bond Dec 26");
-    EXPECT_EQ(bstr_text(m_record.Exchange), "CBOT");
-    EXPECT_EQ(bstr_text(m_record.ExchangeTZI), "America/Chicago");
-    EXPECT_EQ(m_record.id, 8);
-    EXPECT_EQ(m_record.Category, 1);
-    EXPECT_EQ(m_record.Currency, 1);
-    EXPECT_EQ(m_record.Expiry, 46377.0);
-    EXPECT_EQ(m_record.PriceScaleCode, 'k');
-    EXPECT_EQ(m_record.MinMovement, 1.0);
-    EXPECT_EQ(m_record.BigPointValue, 1000.0);
-    EXPECT_EQ(m_record.PutOrCall, VARIANT_FALSE);
-    EXPECT_EQ(m_asked, 0);
-}
-
-TEST_F(HostLookup, AnUnknownNameEndsInNothingOrInTheMenu) {
-    EXPECT_EQ(m_lookup->GetSymbolInfo(bstr("ZB"), 1, nullptr, &m_record, &m_result), S_OK);
-    EXPECT_EQ(m_result, eODLR_NotFound);
-    EXPECT_EQ(m_asked, 0);
-    EXPECT_EQ(m_lookup->GetSymbolInfo(bstr("ZB"), 0, nullptr, &m_record, &m_result), S_OK);
-    EXPECT_EQ(m_result, eODLR_Canceled);
-    EXPECT_EQ(m_asked, 1);
-    m_choice = find_instrument(16);
-    EXPECT_EQ(m_lookup->GetSymbolInfo(bstr("ESZ6"), 2, nullptr, &m_record, &m_result), S_OK);
-    EXPECT_EQ(m_result, eODLR_Selected);
-    EXPECT_EQ(m_record.id, 16);
-    EXPECT_EQ(m_record.PutOrCall, VARIANT_TRUE);
-    EXPECT_EQ(m_record.StrikePrice, 420.0);
-}
-
-TEST_F(HostLookup, IdsAndRequestsAreExact) {
-    EXPECT_EQ(m_lookup->GetSymbolInfoById(3, &m_record, &m_result), S_OK);
-    EXPECT_EQ(m_result, eODLR_Selected);
-    EXPECT_EQ(bstr_text(m_record.Name), "MSFT");
-    clear_symbol(m_record);
-    EXPECT_EQ(m_lookup->GetSymbolInfoById(99, &m_record, &m_result), S_OK);
-    EXPECT_EQ(m_result, eODLR_NotFound);
-    const bstr name("EURUSD");
-    OD_SSymbolReq request{};
-    request.Name = name;
-    EXPECT_EQ(m_lookup->GetSymbolInfoByReq(&request, &m_record, &m_result), S_OK);
-    EXPECT_EQ(m_record.id, 13);
-}
-
-TEST_F(HostLookup, PluginsOfThisApplicationAreSupported) {
-    VARIANT_BOOL supported = VARIANT_FALSE;
-    EXPECT_EQ(m_lookup->IsPluginSupported(bstr("OrderDeck Paper Remote"), &supported), S_OK);
-    EXPECT_EQ(supported, VARIANT_TRUE);
-    EXPECT_EQ(m_lookup->IsPluginSupported(bstr("orderdeck paper"), &supported), S_OK);
-    EXPECT_EQ(supported, VARIANT_FALSE);
-}
-
-TEST_F(HostLookup, NothingIsFoundBeforeItIsInitialized) {
-    const auto fresh = make<lookup_service>([](HWND) { return nullptr; });
-    EXPECT_EQ(fresh->GetSymbolInfo(bstr("ESZ6"), 1, nullptr, &m_record, &m_result), OLE_E_BLANK);
-    EXPECT_EQ(fresh->Initialize(0, nullptr, VARIANT_FALSE, nullptr), E_POINTER);
-    EXPECT_EQ(m_lookup->GetSymbolInfo(nullptr, 1, nullptr, &m_record, &m_result), E_INVALIDARG);
 }
 
 TEST(HostSymbolMapping, TheProfileIsNamedOnItsOwner) {
