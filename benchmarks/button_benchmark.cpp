@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr int rounds = 15;
-constexpr int repaints = 400;
+constexpr int rounds = 7;
+constexpr int repaints = 100;
 constexpr int width = 100;
 constexpr int height = 24;
 

@@ -6,6 +6,7 @@
 
 #include "tests/buttons/button_fixture.h"
 #include "unicomp/wtlcontrols/buttonst/Colours.h"
+#include "unicomp/wtlcontrols/buttonst/GdiPlusBitmap.h"
 
 namespace {
 
@@ -335,6 +336,27 @@ TEST_F(ButtonST, AnUnexpectedMapIdIsReported) {
     EXPECT_FALSE(button.ProcessWindowMessage(window, WM_SIZE, 0, 0, result, 1));
     ASSERT_EQ(reports.assertions().size(), 1u);
     EXPECT_EQ(reports.assertions()[0].description, L"0");
+}
+
+TEST(PngBitmap, IsDecodedFromTheResources) {
+    CGdiPlusBitmapResource picture;
+    EXPECT_EQ(picture.get_Bitmap(), nullptr);
+    ASSERT_TRUE(picture.Load(211));
+    BITMAP what = {};
+    ASSERT_NE(GetObjectW(picture.get_Bitmap(), sizeof(what), &what), 0);
+    EXPECT_EQ(what.bmHeight, 16);
+    EXPECT_EQ(what.bmWidth, picture.get_Size().cx);
+    EXPECT_EQ(what.bmBitsPixel, 32);
+}
+
+TEST(PngBitmap, AMissingOneFailsQuietlyAndLeavesNoPicture) {
+    const diagnostics_recorder reports;
+    CGdiPlusBitmapResource picture;
+    ASSERT_TRUE(picture.Load(211));
+    EXPECT_FALSE(picture.Load(9999));
+    EXPECT_EQ(picture.get_Bitmap(), nullptr);
+    EXPECT_TRUE(reports.assertions().empty());
+    EXPECT_TRUE(reports.traces().empty());
 }
 
 TEST(MemoryDC, CopiesItsRectangleWhenItEnds) {

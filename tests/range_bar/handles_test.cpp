@@ -8,11 +8,13 @@ namespace {
 using namespace OV_OrderDeck;
 
 constexpr int warm_up = 20;
-constexpr int rounds = 10000;
+constexpr int many = 2000;
+// A ladder is three windows more and six pictures of the visual style.
+constexpr int fewer = 300;
 constexpr DWORD flags = WTLControls::ButtonFlag::Gradient | WTLControls::ButtonFlag::Content;
 
 template <class Round>
-void leaves_nothing(Round&& round) {
+void leaves_nothing(int rounds, Round&& round) {
     for (int i = 0; i < warm_up; ++i) {
         round();
     }
@@ -31,9 +33,9 @@ void leaves_nothing(Round&& round) {
     EXPECT_LT(after.user - before.user, rounds / 10);
 }
 
-TEST(Handles, TenThousandTradeButtonsLeaveNothing) {
+TEST(Handles, TradeButtonsLeaveNothing) {
     button_tests::owner_window owner;
-    leaves_nothing([&] {
+    leaves_nothing(many, [&] {
         const HWND window = owner.make_button(225, 66, 37);
         WTLControls::CButtonSTForBuyAction button;
         button.SubclassWindow(window);
@@ -43,9 +45,9 @@ TEST(Handles, TenThousandTradeButtonsLeaveNothing) {
     });
 }
 
-TEST(Handles, TenThousandQuoteButtonsAndTheirLaddersLeaveNothing) {
+TEST(Handles, QuoteButtonsAndTheirLaddersLeaveNothing) {
     button_tests::owner_window owner;
-    leaves_nothing([&] {
+    leaves_nothing(fewer, [&] {
         const HWND window = owner.make_button(231, 100, 20);
         AskBidButtonImpl button;
         button.SubclassWindow(window);

@@ -89,7 +89,7 @@ HBITMAP copy_pixels(Gdiplus::Bitmap& picture) {
 
 }  // namespace
 
-HIMAGELIST load_image_strip(UINT id) {
+HBITMAP load_png_bitmap(UINT id, SIZE& size) {
     const std::span<const std::byte> bytes = platform::load_png(id);
     const gdiplus_session session;
     if (bytes.empty() || !session) {
@@ -100,12 +100,18 @@ HIMAGELIST load_image_strip(UINT id) {
     if (!picture || picture->GetLastStatus() != Gdiplus::Ok) {
         return nullptr;
     }
-    const HBITMAP strip = copy_pixels(*picture);
+    size = {static_cast<LONG>(picture->GetWidth()), static_cast<LONG>(picture->GetHeight())};
+    return copy_pixels(*picture);
+}
+
+HIMAGELIST load_image_strip(UINT id) {
+    SIZE strip_size = {};
+    const HBITMAP strip = load_png_bitmap(id, strip_size);
     if (strip == nullptr) {
         return nullptr;
     }
-    const auto size = static_cast<int>(picture->GetHeight());
-    const int count = std::max(1, static_cast<int>(picture->GetWidth()) / size);
+    const auto size = static_cast<int>(strip_size.cy);
+    const int count = std::max(1, static_cast<int>(strip_size.cx) / size);
     const HIMAGELIST list = ImageList_Create(size, size, ILC_COLOR32, count, 0);
     ImageList_Add(list, strip, nullptr);
     DeleteObject(strip);
