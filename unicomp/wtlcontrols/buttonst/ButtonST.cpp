@@ -273,8 +273,8 @@ frame::answer CButtonST::_on_key(UINT uMsg, WPARAM wParam, LPARAM lParam) {
         m_sink->OnButtonClick();
         return 0;
     }
-    const bool pushed = (::SendMessageW(m_hWnd, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0;
-    if (uMsg == WM_KEYUP && wParam == VK_SPACE && pushed) {
+    if (uMsg == WM_KEYUP && wParam == VK_SPACE &&
+        (::SendMessageW(m_hWnd, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0) {
         return _on_released_key();
     }
     const auto* const message = reinterpret_cast<const MSG*>(lParam);
