@@ -8,9 +8,9 @@ namespace {
 using namespace OV_OrderDeck;
 
 constexpr int warm_up = 20;
-constexpr int many = 10000;
+constexpr int many = 6000;
 // A ladder is three windows more and six pictures of the visual style.
-constexpr int fewer = 1500;
+constexpr int fewer = 800;
 constexpr DWORD flags = WTLControls::ButtonFlag::Gradient | WTLControls::ButtonFlag::Content;
 
 template <class Round>
