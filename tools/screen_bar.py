@@ -165,6 +165,16 @@ class Bar(Screen):
     def log_has(self, text):
         self.wait(f"{text!r} in the log", lambda: text in (self.text_of(LOG, "Edit") or ""))
 
+    def come_back(self):
+        """Clicks into the log until the focus is there: the display may still show another's window."""
+        def focused():
+            self.click(self.find(id=LOG, **{"class": "Edit"})[0]["rect"])
+            return self.find(id=LOG, focus=True)
+        # The description is written ten times a second, and the focus of before is told in it too.
+        count = self._newest()["count"]
+        self.wait("a new description", lambda: self._newest()["count"] > count + 1)
+        self.wait("the focus in the log", focused)
+
     def leave(self):
         """Closes the window and waits for the end; nothing may be asked."""
         # Wine's list boxes keep Alt+F4 for themselves.

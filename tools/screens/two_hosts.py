@@ -21,6 +21,7 @@ def play(stage):
     trade(second, "EURUSD")
     second.picture("second")
     second.leave()
+    first.come_back()
     trade(first, "ESZ6")
     assert [one["symbol"] for one in first.orders()] == ["KO", "ESZ6"]
     assert [one["symbol"] for one in second.orders()] == ["EURUSD"]
