@@ -75,17 +75,6 @@ std::string shortest(double value) {
     return buffer.data();
 }
 
-// To the nearest step; halves go away from zero. Not negative.
-double on_grid(double value, LONG code) {
-    const double step = step_of(code);
-    if (step < 0.0) {
-        return value;
-    }
-    const double steps = value / step;
-    const double below = std::floor(steps);
-    return (steps - below >= (below + 1.0) - steps ? below + 1.0 : below) * step;
-}
-
 std::string decimal_text(double value, LONG code) {
     std::string text = fixed(value, digits_of(code));
     if (code == -1) {
@@ -98,9 +87,9 @@ std::string decimal_text(double value, LONG code) {
 }
 
 std::string fraction_text(double value, LONG code, int denominator) {
-    const double price = on_grid(value, code);
+    const double price = on_grid(value, code, 1);
     const double whole = std::floor(price);
-    const double numerator = on_grid((price - whole) * denominator, code);
+    const double numerator = on_grid((price - whole) * denominator, code, 1);
     std::string text;
     if (whole != 0.0) {
         text = with_groups(shortest(whole));
@@ -167,6 +156,17 @@ double step_of(LONG code) {
     return row != nullptr ? row->step : -1.0;
 }
 
+double on_grid(double value, LONG code, LONG min_move) {
+    const double step = step_of(code);
+    if (step < 0.0) {
+        return value;
+    }
+    const double steps = value / step;
+    const double below = std::floor(std::floor(steps) / min_move) * min_move;
+    const double above = below + min_move;
+    return (steps - below >= above - steps ? above : below) * step;
+}
+
 CString grouped(LONG value) {
     return wide(with_groups(std::to_string(value)));
 }
@@ -176,7 +176,7 @@ CString price_to_text(double value, LONG code) {
     const double size = std::fabs(value);
     const std::string text = row != nullptr && row->denominator != 0
                                  ? fraction_text(size, code, row->denominator)
-                                 : decimal_text(on_grid(size, code), code);
+                                 : decimal_text(on_grid(size, code, 1), code);
     const bool zero = text.find_first_not_of("0.,") == std::string::npos;
     return wide(value < 0.0 && !zero ? "-" + text : text);
 }

@@ -12,6 +12,8 @@ namespace monkey {
 double step_of(LONG code);
 // A number with its digits in groups, without decimals.
 CString grouped(LONG value);
+// To the nearest of the prices that lie so many steps apart; halves go up. Not negative.
+double on_grid(double value, LONG code, LONG min_move);
 CString price_to_text(double value, LONG code);
 std::optional<double> text_to_price(const CString& text);
 

@@ -210,8 +210,19 @@ void window_model::update_panel(row_model& row, bit field, bool keep_quantity) {
         }
         its.text = row.price_text(field);
         its.range = spin_text(row);
-    } else if (field != quotes_bit) {
+    } else if (field == quotes_bit) {
+        update_quotes(row);
+    } else {
         its.text = row.value(field);
+    }
+}
+
+// Quotes that are no prices count as none on the button, though the row has them.
+void window_model::update_quotes(const row_model& row) {
+    if (!row.empty(quotes_bit)) {
+        const bool good = row.ask() > 0.0 && row.bid() > 0.0;
+        m_ask = good ? row.ask() : 0.0;
+        m_bid = good ? row.bid() : 0.0;
     }
 }
 
@@ -244,6 +255,8 @@ void window_model::update_symbol(row_model& row, bool keep_quantity) {
         }
     }
     m_last_category = category;
+    m_code = row.symbol()->price_scale_code;
+    m_min_move = std::max(static_cast<LONG>(row.symbol()->min_movement), LONG{1});
 }
 
 void window_model::focus(const row_model& row, bit field) {

@@ -62,6 +62,8 @@ private:
     void update_symbol(row_model& row, bool keep_quantity);
     void update_list(const row_model& row, bit field);
     void edit_quantity(LONG value);
+    void update_quotes(const row_model& row);
+    void press_quotes(row_model& row);
     void insert(const row_model& row, int image);
     bool usable(bit field) const { return m_panel.at(field).enabled; }
     // Runs what a handler guards: an error ends it and is told.
@@ -89,6 +91,11 @@ private:
     // The quantity's editor starts at its lowest value, and shows nothing until it is given another.
     LONG m_editor = 1;
     bool m_editor_blank = true;
+    // What the quotes' button knows.
+    double m_ask = 0.0;
+    double m_bid = 0.0;
+    LONG m_code = -1;
+    LONG m_min_move = 1;
     std::map<bit, mirror> m_panel;
     bool m_at_rest = false;
 };

@@ -31,6 +31,7 @@ private:
     void type(int id, const CString& text);
     void spin(int id, int steps);
     void press(int id);
+    void press_quotes();
     void pick_date(double date);
     void click_tab(int which);
     void leave();

@@ -46,6 +46,9 @@ void window_subject::user(const action& done) {
             return press(item_of(buy_bit));
         case act::sell:
             return press(item_of(sell_bit));
+        case act::pick_ask:
+        case act::pick_bid:
+            return press_quotes();
         case act::pick_date:
             return pick_date(pick(picked_dates(), done.which));
         default:
@@ -88,6 +91,20 @@ void window_subject::press(int id) {
     if (usable(id)) {
         SendMessageW(item(id), BM_CLICK, 0, 0);
     }
+}
+
+// On the left of the button, away from the part that opens the ladder. It looks where the cursor is.
+void window_subject::press_quotes() {
+    const HWND button = item(item_of(quotes_bit));
+    if (IsWindowEnabled(button) == FALSE) {
+        return;
+    }
+    const POINT at = {5, 5};
+    POINT screen = at;
+    ClientToScreen(button, &screen);
+    SetCursorPos(screen.x, screen.y);
+    SendMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(at.x, at.y));
+    SendMessageW(button, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
 }
 
 void window_subject::pick_date(double date) {

@@ -1,4 +1,5 @@
 // What the user does on the panel.
+#include "tests/monkey/price_model.h"
 #include "tests/monkey/window_model.h"
 
 namespace monkey {
@@ -42,6 +43,9 @@ void window_model::user(row_model& row, const action& done) {
                 guarded([&] { row.place_order(done.what == act::buy ? 1 : 2); });
             }
             return;
+        case act::pick_ask:
+        case act::pick_bid:
+            return press_quotes(row);
         case act::pick_date:
             if (usable(date_bit)) {
                 row.put_date(pick(picked_dates(), done.which));
@@ -86,6 +90,13 @@ void window_model::type_price(row_model& row, bit field, const CString& text) {
     m_panel[field].text = test::narrow(text);
     if (!row.empty(field)) {
         update_panel(row, field, false);
+    }
+}
+
+// The button offers the middle until the user chooses a side on its ladder.
+void window_model::press_quotes(row_model& row) {
+    if (usable(quotes_bit)) {
+        row.pick_quote(on_grid((m_ask + m_bid) * 0.5, m_code, m_min_move));
     }
 }
 
