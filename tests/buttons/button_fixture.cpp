@@ -25,6 +25,9 @@ LRESULT CALLBACK owner_window::procedure(HWND window, UINT message, WPARAM wPara
         SetFocus(reinterpret_cast<HWND>(wParam));
         return 0;
     }
+    if (current != nullptr && message == WM_DRAWITEM) {
+        ++current->drawn;
+    }
     const frame::answer reflected = frame::reflect(message, wParam, lParam);
     return reflected ? *reflected : DefWindowProcW(window, message, wParam, lParam);
 }

@@ -28,6 +28,8 @@ public:
     std::vector<int> commands;
     // The buttons that were made the dialog's focus.
     std::vector<HWND> focused;
+    // How often a button was drawn.
+    int drawn = 0;
     // Runs at each command.
     std::function<void()> on_command;
 

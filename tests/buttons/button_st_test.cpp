@@ -63,6 +63,17 @@ protected:
     url_button button;
 };
 
+TEST_F(ButtonST, ANewTextIsPaintedOnce) {
+    paint();
+    const int before = owner.drawn;
+    SetWindowTextW(window, L"101.25");
+    EXPECT_EQ(owner.drawn, before) << "not before the paint";
+    EXPECT_TRUE(waits_for_paint());
+    paint();
+    EXPECT_EQ(owner.drawn, before + 1);
+    EXPECT_EQ(button.get_Picture().text, L"101.25");
+}
+
 TEST_F(ButtonST, DrawsItselfThroughItsOwner) {
     EXPECT_EQ(GetWindowLongPtrW(window, GWL_STYLE) & BS_TYPEMASK, BS_OWNERDRAW);
     SendMessageW(window, BM_SETSTYLE, BS_PUSHBUTTON, TRUE);

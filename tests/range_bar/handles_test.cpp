@@ -8,19 +8,17 @@ namespace {
 using namespace OV_OrderDeck;
 
 constexpr int warm_up = 20;
-constexpr int many = 6000;
-// A ladder is three windows more and six pictures of the visual style.
-constexpr int fewer = 800;
+constexpr int rounds_of_each = 10000;
 constexpr DWORD flags = WTLControls::ButtonFlag::Gradient | WTLControls::ButtonFlag::Content;
 
 template <class Round>
-void leaves_nothing(int rounds, Round&& round) {
+void leaves_nothing(Round&& round) {
     for (int i = 0; i < warm_up; ++i) {
         round();
     }
     button_tests::pump();
     const highest_slots before;
-    for (int i = 0; i < rounds; ++i) {
+    for (int i = 0; i < rounds_of_each; ++i) {
         round();
         if (i % 100 == 0) {
             button_tests::pump();
@@ -29,13 +27,13 @@ void leaves_nothing(int rounds, Round&& round) {
     button_tests::pump();
     // One object left by every tenth control would show.
     const highest_slots after;
-    EXPECT_LT(after.gdi - before.gdi, rounds / 10);
-    EXPECT_LT(after.user - before.user, rounds / 10);
+    EXPECT_LT(after.gdi - before.gdi, rounds_of_each / 10);
+    EXPECT_LT(after.user - before.user, rounds_of_each / 10);
 }
 
 TEST(Handles, TradeButtonsLeaveNothing) {
     button_tests::owner_window owner;
-    leaves_nothing(many, [&] {
+    leaves_nothing([&] {
         const HWND window = owner.make_button(225, 66, 37);
         WTLControls::CButtonSTForBuyAction button;
         button.SubclassWindow(window);
@@ -47,7 +45,7 @@ TEST(Handles, TradeButtonsLeaveNothing) {
 
 TEST(Handles, QuoteButtonsAndTheirLaddersLeaveNothing) {
     button_tests::owner_window owner;
-    leaves_nothing(fewer, [&] {
+    leaves_nothing([&] {
         const HWND window = owner.make_button(231, 100, 20);
         AskBidButtonImpl button;
         button.SubclassWindow(window);

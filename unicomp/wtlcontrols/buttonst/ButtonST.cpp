@@ -24,10 +24,13 @@ RECT client_of(HWND window) {
     return client;
 }
 
+constexpr std::size_t longest_text = 256;
+
+// The text as the system keeps it, without a message to the window that paints.
 CString text_of(HWND window) {
-    CString text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(
-        static_cast<std::size_t>(::GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    CString text(longest_text, L'\0');
+    text.resize(static_cast<std::size_t>(
+        ::InternalGetWindowText(window, text.data(), static_cast<int>(text.size()))));
     return text;
 }
 
@@ -106,11 +109,15 @@ void CButtonST::put_Tooltip(const CString& text) {
 }
 
 SButtonPicture CButtonST::get_Picture() const {
+    return _picture((::SendMessageW(m_hWnd, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0, ::GetFocus() == m_hWnd);
+}
+
+SButtonPicture CButtonST::_picture(bool pressed, bool focused) const {
     SButtonPicture picture;
     picture.look.flags = m_flags;
     picture.look.state = m_state | (::IsWindowEnabled(m_hWnd) ? 0 : ButtonState::Disabled);
-    picture.look.pressed = m_checked || (::SendMessageW(m_hWnd, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0;
-    picture.look.focused = ::GetFocus() == m_hWnd;
+    picture.look.pressed = m_checked || pressed;
+    picture.look.focused = focused;
     picture.look.themed = m_theme != nullptr;
     picture.client = client_of(m_hWnd);
     picture.theme = m_theme;
@@ -123,7 +130,7 @@ SButtonPicture CButtonST::get_Picture() const {
     picture.images = m_images;
     picture.split = m_split;
     picture.drop_down = (m_style & ButtonStyle::DropDown) != 0;
-    picture.show_focus = (::SendMessageW(m_hWnd, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS) == 0;
+    picture.show_focus = focused && (::SendMessageW(m_hWnd, WM_QUERYUISTATE, 0, 0) & UISF_HIDEFOCUS) == 0;
     return picture;
 }
 
@@ -138,7 +145,10 @@ void CButtonST::OpenURL(const CString& url) {
 }
 
 void CButtonST::_draw(const DRAWITEMSTRUCT& item) {
-    m_renderer.DrawBackground(item.hDC, m_surface, get_Picture());
+    // The item tells what the window would have to be asked for, which costs as much as the drawing.
+    m_renderer.DrawBackground(
+        item.hDC, m_surface,
+        _picture((item.itemState & ODS_SELECTED) != 0, (item.itemState & ODS_FOCUS) != 0));
 }
 
 void CButtonST::_cool() {
@@ -292,6 +302,13 @@ LRESULT CButtonST::_after_losing_heat(UINT uMsg, WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
+// Past the button's own procedure, which paints at once: the text would be painted twice.
+LRESULT CButtonST::_on_set_text(WPARAM wParam, LPARAM lParam) const {
+    const LRESULT result = ::DefWindowProcW(m_hWnd, WM_SETTEXT, wParam, lParam);
+    Repaint();
+    return result;
+}
+
 void CButtonST::_on_reflected_click() {
     if ((m_flags & ButtonFlag::Check) != 0) {
         put_Check(!m_checked);
@@ -377,6 +394,8 @@ frame::answer CButtonST::_ProcessWindowMessage(UINT uMsg, WPARAM wParam, LPARAM 
         case WM_ERASEBKGND:
             // Every pixel is drawn by the paint; erasing first would flicker.
             return 1;
+        case WM_SETTEXT:
+            return _on_set_text(wParam, lParam);
         case BM_SETSTYLE:
             m_state = (wParam & BS_TYPEMASK) == BS_DEFPUSHBUTTON ? m_state | ButtonState::Default
                                                                  : m_state & ~ButtonState::Default;

@@ -69,6 +69,8 @@ private:
     void _tell_sink(POINT at);
     frame::answer _on_button_up();
     frame::answer _on_released_key();
+    SButtonPicture _picture(bool pressed, bool focused) const;
+    LRESULT _on_set_text(WPARAM wParam, LPARAM lParam) const;
     void _on_reflected_click();
     void _draw(const DRAWITEMSTRUCT& item);
     LRESULT _after_losing_heat(UINT uMsg, WPARAM wParam, LPARAM lParam);
