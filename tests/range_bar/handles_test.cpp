@@ -1,7 +1,14 @@
-// Nothing of the system's is left behind by the drawn controls.
+// Nothing of the system's is left behind by the panel's controls.
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include "charting/orderdeck/src/window/AskBidButtonImpl.h"
+#include "platform/win32/frame/common_controls.h"
 #include "tests/buttons/button_fixture.h"
 #include "tests/support/highest_slots.h"
+#include "unicomp/wtlcontrols/ActualCalendar/GTDCalendar.h"
+#include "unicomp/wtlcontrols/EditCommand/EditCommand.h"
 
 namespace {
 
@@ -55,6 +62,51 @@ TEST(Handles, QuoteButtonsAndTheirLaddersLeaveNothing) {
         button.Redraw();
         UpdateWindow(window);
         DestroyWindow(window);
+    });
+}
+
+class command_edit final : public WTLControls::IEditCommandSink2 {
+public:
+    explicit command_edit(HWND window) {
+        m_edit.SubclassWindow(window);
+        m_edit.CreateButton(203, 232);
+    }
+    void OnButtonPressed(LONG) override {}
+    void OnEditSetFocus(LONG) override {}
+    void OnEditEnd(LONG, bool) override {}
+    void OnEditKillFocus(LONG) override {}
+
+private:
+    WTLControls::CEditCommandCtrlWnd2 m_edit{*this, 203};
+};
+
+HWND make_child(HWND owner, const wchar_t* type, DWORD style) {
+    const frame::common_controls_scope scope;
+    return CreateWindowExW(0, type, L"", WS_CHILD | WS_VISIBLE | style, 10, 10, 100, 20, owner, nullptr,
+                           nullptr, nullptr);
+}
+
+void paint_and_destroy(HWND window) {
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+    DestroyWindow(window);
+}
+
+TEST(Handles, CommandEditsLeaveNothing) {
+    button_tests::owner_window owner;
+    leaves_nothing([&] {
+        const HWND window = make_child(owner.hwnd(), L"EDIT", WS_BORDER | ES_AUTOHSCROLL);
+        const command_edit edit(window);
+        paint_and_destroy(window);
+    });
+}
+
+TEST(Handles, CalendarsLeaveNothing) {
+    button_tests::owner_window owner;
+    leaves_nothing([&] {
+        const HWND window = make_child(owner.hwnd(), DATETIMEPICK_CLASSW, DTS_SHORTDATECENTURYFORMAT);
+        WTLControls::CGTDCalendar calendar;
+        calendar.SubclassWindow(window);
+        paint_and_destroy(window);
     });
 }
 

@@ -48,6 +48,8 @@ frame::answer CActualCalendar::_dispatch(UINT uMsg) {
             return 0;
         case WM_DESTROY:
             ::KillTimer(m_hWnd, timer_id);
+            // The picker ends windows of its own here.
+            DefWindowProc(WM_DESTROY, 0, 0);
             return 0;
         default:
             return frame::declined;
