@@ -162,8 +162,11 @@ class Bar(Screen):
     def balloon(self):
         return self.wait("a balloon", lambda: self.find(**{"class": "tooltips_class32"}))[0]["text"]
 
+    def log_text(self):
+        return self.text_of(LOG, "Edit") or ""
+
     def log_has(self, text):
-        self.wait(f"{text!r} in the log", lambda: text in (self.text_of(LOG, "Edit") or ""))
+        self.wait(f"{text!r} in the log", lambda: text in self.log_text())
 
     def come_back(self):
         """Clicks into the log until the focus is there: the display may still show another's window."""

@@ -25,6 +25,8 @@ SCENES = (
     "quantity",
     "calculator",
     "hot_keys",
+    "lookup",
+    "ask_to_connect",
     "profile_settings",
     "profile_editor",
     "refused_close",
