@@ -295,11 +295,21 @@ LRESULT symbol_panel::draw(NMLVCUSTOMDRAW& notice) const {
         case CDDS_PREPAINT:
             return CDRF_NOTIFYITEMDRAW;
         case CDDS_ITEMPREPAINT:
-            notice.clrTextBk = notice.nmcd.dwItemSpec % 2 == 0 ? GetSysColor(COLOR_WINDOW) : shade;
+            // The choice stands out while the search line has the focus too: Enter takes it.
+            notice.nmcd.uItemState &= ~UINT{CDIS_SELECTED};
             return CDRF_NOTIFYSUBITEMDRAW;
-        case CDDS_ITEMPREPAINT | CDDS_SUBITEM:
-            notice.clrText = notice.iSubItem < 2 ? GetSysColor(COLOR_WINDOWTEXT) : quiet;
+        case CDDS_ITEMPREPAINT | CDDS_SUBITEM: {
+            const auto row = static_cast<int>(notice.nmcd.dwItemSpec);
+            const bool chosen = ListView_GetItemState(item(IDC_SYMBOL_LIST), row, LVIS_SELECTED) != 0;
+            notice.nmcd.uItemState &= ~UINT{CDIS_SELECTED};
+            notice.clrTextBk = chosen         ? GetSysColor(COLOR_HIGHLIGHT)
+                               : row % 2 == 0 ? GetSysColor(COLOR_WINDOW)
+                                              : shade;
+            notice.clrText = chosen                ? GetSysColor(COLOR_HIGHLIGHTTEXT)
+                             : notice.iSubItem < 2 ? GetSysColor(COLOR_WINDOWTEXT)
+                                                   : quiet;
             return CDRF_DODEFAULT;
+        }
         default:
             return CDRF_DODEFAULT;
     }
