@@ -139,9 +139,7 @@ class Screen:
             raise ScreenError(f"list {item} has no {text!r} but {combo['items']}")
         if combo["selected"] == index:
             return
-        self.click(combo["rect"])
-        listed = self.wait(f"the open list of {item}", lambda: self._open_list(item))
-        left, top, right, bottom = listed["rect"]
+        left, top, right, bottom = self._opened_list(combo, item)["rect"]
         height = (bottom - top - 2) / len(combo["items"])
         middle = top + 1 + height * (index + 0.5)
         self.click([left, middle - 1, right, middle + 1], 0.3)
@@ -151,6 +149,21 @@ class Screen:
             f"{text!r} chosen in list {item}",
             lambda: self.find(id=item, **{"class": "ComboBox"}, selected=index, dropped=False),
         )
+
+    def _opened_list(self, combo, item):
+        """Clicks until the list is open: a window that has only just come may miss a click."""
+        clicked = None
+
+        def opened():
+            nonlocal clicked
+            count = self._newest()["count"]
+            dropped = self.find(id=item, **{"class": "ComboBox"}, dropped=True)
+            if clicked is None or (not dropped and count > clicked + 20):
+                self.click(combo["rect"])
+                clicked = count
+            return self._open_list(item)
+
+        return self.wait(f"the open list of {item}", opened)
 
     def _open_list(self, item):
         dropped = self.find(id=item, **{"class": "ComboBox"}, dropped=True)
