@@ -7,8 +7,8 @@
 #include "platform/win32/frame/common_controls.h"
 #include "tests/buttons/button_fixture.h"
 #include "tests/support/highest_slots.h"
+#include "tests/support/idle_command_edit.h"
 #include "unicomp/wtlcontrols/ActualCalendar/GTDCalendar.h"
-#include "unicomp/wtlcontrols/EditCommand/EditCommand.h"
 
 namespace {
 
@@ -65,20 +65,7 @@ TEST(Handles, QuoteButtonsAndTheirLaddersLeaveNothing) {
     });
 }
 
-class command_edit final : public WTLControls::IEditCommandSink2 {
-public:
-    explicit command_edit(HWND window) {
-        m_edit.SubclassWindow(window);
-        m_edit.CreateButton(203, 232);
-    }
-    void OnButtonPressed(LONG) override {}
-    void OnEditSetFocus(LONG) override {}
-    void OnEditEnd(LONG, bool) override {}
-    void OnEditKillFocus(LONG) override {}
-
-private:
-    WTLControls::CEditCommandCtrlWnd2 m_edit{*this, 203};
-};
+;
 
 HWND make_child(HWND owner, const wchar_t* type, DWORD style) {
     const frame::common_controls_scope scope;
@@ -95,7 +82,7 @@ TEST(Handles, CommandEditsLeaveNothing) {
     button_tests::owner_window owner;
     leaves_nothing([&] {
         const HWND window = make_child(owner.hwnd(), L"EDIT", WS_BORDER | ES_AUTOHSCROLL);
-        const command_edit edit(window);
+        const idle_command_edit edit(window);
         paint_and_destroy(window);
     });
 }

@@ -52,6 +52,26 @@ TEST_F(PanelNames, AnEditsValueIsItsText) {
     EXPECT_EQ(value(214), L"12 1/2");
 }
 
+TEST_F(PanelNames, AListAndTheDateBearTheNameOfTheirField) {
+    EXPECT_EQ(name(206), L"委託類型");
+    EXPECT_EQ(name(220), L"帳戶");
+    EXPECT_EQ(name(222), L"有效期限");
+    EXPECT_EQ(name(228), L"到期日");
+}
+
+TEST_F(PanelNames, AListsValueIsWhatIsChosen) {
+    for (const int id : {206, 220, 222}) {
+        EXPECT_EQ(value(id), text(id)) << id;
+        EXPECT_FALSE(text(id).empty()) << id;
+    }
+}
+
+TEST_F(PanelNames, TheDatesValueIsTheDateThatShows) {
+    const SYSTEMTIME date = {2031, 5, 0, 23, 0, 0, 0, 0};
+    SendMessageW(item(228), DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&date));
+    EXPECT_NE(value(228).find(L"2031"), CString::npos) << test::narrow(value(228));
+}
+
 TEST_F(PanelNames, AButtonIsNamedByWhatItWouldDo) {
     EXPECT_EQ(name(231), L"買價/賣價 101.38 ");
     tab->quotes->empty = true;

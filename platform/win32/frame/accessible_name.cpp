@@ -4,6 +4,8 @@
 
 #include <oleacc.h>
 
+#include <iterator>
+
 #include "platform/com_object.h"
 #include "platform/win32/frame/window_text.h"
 
@@ -15,8 +17,8 @@ bool is_self(const VARIANT& child) {
     return child.vt == VT_I4 && child.lVal == CHILDID_SELF;
 }
 
-// The standard object of a window but for its name. Edits say their text as their value even where the
-// standard object does not.
+// The standard object of a window but for its name. Controls with a value say their text as the value even
+// where the standard object does not.
 class named_object : public platform::com_root<IAccessible> {
 public:
     named_object(com_ptr<IAccessible> standard, CString name, HWND window)
@@ -33,7 +35,7 @@ public:
     }
     STDMETHODIMP get_accValue(VARIANT child, BSTR* value) override {
         const HRESULT hr = m_standard->get_accValue(child, value);
-        if (hr == S_OK || !is_self(child) || !_is_edit()) {
+        if (hr == S_OK || !is_self(child) || !_has_value()) {
             return hr;
         }
         return BugSlayerUtil::guard(BS_HERE, [&] {
@@ -108,10 +110,11 @@ protected:
     }
 
 private:
-    bool _is_edit() const {
-        wchar_t name[8] = {};
-        ::GetClassNameW(m_window, name, 8);
-        return CString(name) == L"Edit";
+    bool _has_value() const {
+        wchar_t name[32] = {};
+        ::GetClassNameW(m_window, name, static_cast<int>(std::size(name)));
+        const CString type = name;
+        return type == L"Edit" || type == L"ComboBox" || type == L"SysDateTimePick32";
     }
 
     com_ptr<IAccessible> m_standard;

@@ -28,6 +28,10 @@ constexpr UINT symbol_title = 111;
 constexpr UINT quantity_title = 128;
 constexpr UINT first_price_title = 126;
 constexpr UINT second_price_title = 127;
+constexpr UINT order_type_name = 301;
+constexpr UINT account_name = 302;
+constexpr UINT time_in_force_name = 303;
+constexpr UINT date_name = 304;
 constexpr UINT first_price_cue = 134;
 constexpr UINT second_price_cue = 135;
 constexpr int longest_price = 15;
@@ -159,10 +163,14 @@ void CProfileTabWindow::_init_prices() {
 }
 
 void CProfileTabWindow::_init_names() {
-    constexpr std::array<std::pair<int, UINT>, 4> titles{{{PanelItem::Symbol, symbol_title},
+    constexpr std::array<std::pair<int, UINT>, 8> titles{{{PanelItem::Symbol, symbol_title},
+                                                          {PanelItem::OrderType, order_type_name},
                                                           {PanelItem::Quantity, quantity_title},
                                                           {PanelItem::FirstPrice, first_price_title},
-                                                          {PanelItem::SecondPrice, second_price_title}}};
+                                                          {PanelItem::SecondPrice, second_price_title},
+                                                          {PanelItem::Account, account_name},
+                                                          {PanelItem::TimeInForce, time_in_force_name},
+                                                          {PanelItem::GtdDate, date_name}}};
     for (std::size_t i = 0; i < titles.size(); ++i) {
         m_names[i].Attach(get_Item(titles[i].first), resource_string::text(titles[i].second));
     }

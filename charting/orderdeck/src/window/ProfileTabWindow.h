@@ -106,7 +106,7 @@ private:
     CCtrlsLayout m_layout{m_layout_panel};
     WTLControls::CGTDCalendar m_calendar;
     // Of the edits, which have no labels.
-    std::array<frame::accessible_name, 4> m_names;
+    std::array<frame::accessible_name, 8> m_names;
     // A symbol action runs: the dialog that it opens takes the focus, which must not start another.
     bool m_bInSymbolAction = false;
     // The panel itself writes a window's text: the change notice that comes of it is not the user's.
