@@ -3,6 +3,9 @@
 
 #include <oleacc.h>
 
+#include <algorithm>
+#include <vector>
+
 #include "platform/com_ptr.h"
 #include "tests/window/bar_fixture.h"
 
@@ -79,6 +82,20 @@ TEST_F(PanelNames, AButtonIsNamedByWhatItWouldDo) {
     EXPECT_EQ(name(231), L"買價/賣價");
     EXPECT_EQ(name(225), L"買進 市價\n1");
     EXPECT_EQ(name(227), L"賣出 市價\n1");
+}
+
+TEST_F(PanelNames, TheTabKeyGoesAlongTheRow) {
+    std::vector<LONG> lefts;
+    const HWND first = item(203);
+    HWND at = first;
+    do {
+        RECT place = {};
+        GetWindowRect(at, &place);
+        lefts.push_back(place.left);
+        at = GetNextDlgTabItem(panel(), at, FALSE);
+    } while (at != first && lefts.size() < 20);
+    EXPECT_GE(lefts.size(), 8U);
+    EXPECT_TRUE(std::is_sorted(lefts.begin(), lefts.end())) << testing::PrintToString(lefts);
 }
 
 TEST_F(PanelNames, AnEditIsStillAnEditToThem) {
