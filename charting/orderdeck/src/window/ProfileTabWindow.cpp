@@ -126,6 +126,7 @@ frame::answer CProfileTabWindow::OnInitDialog() {
     m_calendar.SubclassWindow(get_Item(PanelItem::GtdDate));
     m_calendar.StartTimer();
     m_calendar.SetRange();
+    _init_trade_buttons();
     const HWND symbol = get_Item(PanelItem::Symbol);
     if (::IsWindow(symbol)) {
         m_symbol.SubclassWindow(symbol);
@@ -136,10 +137,11 @@ frame::answer CProfileTabWindow::OnInitDialog() {
     m_quantity.get_Editor().put_Id(PanelItem::Quantity);
     m_quantity.SubclassWindow(get_Item(PanelItem::Quantity));
     m_quantity.put_Images(quantity_images);
-    _init_names();
-    _init_buttons();
+    m_ask_bid.SubclassWindow(get_Item(PanelItem::AskBid));
+    m_ask_bid.put_Flags(quote_button_value | WTLControls::ButtonFlag::Content);
     _init_combo_heights();
     _init_theme();
+    _init_names();
     make_room_for_texts(m_hWnd, m_layout_panel);
     m_layout.Build();
     return 0;
@@ -176,13 +178,11 @@ void CProfileTabWindow::_init_names() {
     }
 }
 
-void CProfileTabWindow::_init_buttons() {
+void CProfileTabWindow::_init_trade_buttons() {
     m_buy.SubclassWindow(get_Item(PanelItem::Buy));
     m_sell.SubclassWindow(get_Item(PanelItem::Sell));
     m_buy.put_Flags(trade_button_value | WTLControls::ButtonFlag::Content);
     m_sell.put_Flags(trade_button_value | WTLControls::ButtonFlag::Content);
-    m_ask_bid.SubclassWindow(get_Item(PanelItem::AskBid));
-    m_ask_bid.put_Flags(quote_button_value | WTLControls::ButtonFlag::Content);
 }
 
 void CProfileTabWindow::_init_combo_heights() {

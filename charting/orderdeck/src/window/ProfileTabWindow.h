@@ -73,11 +73,11 @@ private:
     frame::answer OnDateTimeChange(const NMHDR& notice);
     frame::answer OnDeltaSpinChanged(const NMHDR& notice);
 
+    void _init_trade_buttons();
     void _init_prices();
-    void _init_names();
     void _init_combo_heights();
-    void _init_buttons();
     void _init_theme();
+    void _init_names();
 
     void _update_text(HWND window, IUnifyControl& field);
     void _update_lookup(HWND window, IUnifyControl& field, bool bKeepQuantity);
