@@ -122,6 +122,29 @@ TEST_F(CloseTest, ARefusalLeavesEarlierProfilesDisconnectedLaterOnesAloneAndTheR
     EXPECT_THAT(remembered(), ElementsAre(L"Old"));
 }
 
+TEST_F(CloseTest, ProfilesThatTheHostRemovesDuringTheQuestionArePassed) {
+    const auto first = add_profile(L"Alpha");
+    const auto second = add_profile(L"Beta");
+    const auto third = add_profile(L"Gamma");
+    for (const auto& profile : {first, second, third}) {
+        profile->state = eTM_CC_Connected;
+    }
+    fill();
+    // It asks about the first one when that and its neighbour go.
+    bool gone = false;
+    host.on_call("DisconnectConfirmer.Confirm", [&] {
+        if (!gone) {
+            gone = true;
+            center->profiles->fire(eTM_CTOE_Deleted, {first, second});
+        }
+    });
+    EXPECT_EQ(root->OnClose(), S_OK);
+    EXPECT_EQ(host.count("Profile(\"Alpha\").Disconnect()"), 1);
+    EXPECT_EQ(host.count("Profile(\"Beta\").Disconnect()"), 0);
+    EXPECT_EQ(host.count("Profile(\"Gamma\").Disconnect()"), 1);
+    EXPECT_THAT(remembered(), ElementsAre(L"Alpha", L"Gamma"));
+}
+
 TEST_F(CloseTest, AProfileWithNothingToRememberIsNotRecorded) {
     add_profile(L"Alpha");
     fill();

@@ -201,9 +201,18 @@ bool COrderDeckObj::_need_disconnect() {
     return true;
 }
 
-// False when the user refused. Profiles that were disconnected before the refusal stay so.
+// False when the user refused. Profiles that were disconnected before the refusal stay so. The host may
+// remove profiles while the user is asked, so the panels are told by their ids: one that is gone is passed.
 bool COrderDeckObj::_disconnect_and_record(remembered_profiles& records) {
-    for (const auto& [id, tab] : _bar().get_TabInfos()) {
+    std::vector<LONG> ids;
+    for (const auto& [id, each] : _bar().get_TabInfos()) {
+        ids.push_back(id);
+    }
+    for (const LONG id : ids) {
+        const boost::shared_ptr<ITab> tab = _bar().get_Tab(id);
+        if (!tab) {
+            continue;
+        }
         const com_ptr<CProfileWrap> profile = tab->get_Profile();
         const ETM_ConnectionChanged state = profile->get_ConnectionState(true);
         SSerializeProfInf record;
