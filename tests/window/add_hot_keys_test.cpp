@@ -2,6 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include <tuple>
+#include <utility>
+
+#include "tests/support/win32/told_import.h"
 #include "tests/window/hot_keys_fixture.h"
 #include "tests/window/menu_user.h"
 
@@ -92,6 +96,97 @@ TEST_F(AddHotKeys, StateAndIdOfAnItemStay) {
     AddHotKeysToMenu(menu, &by_id);
     EXPECT_EQ(GetMenuItemID(menu, 0), 5u);
     EXPECT_EQ(GetMenuState(menu, 0, MF_BYPOSITION), static_cast<UINT>(MF_GRAYED | MF_CHECKED));
+}
+
+// The system's reading of items, which fails where a test says.
+class told_reads {
+public:
+    using get_item = test::told_import<"GetMenuItemInfoW", decltype(GetMenuItemInfoW)>;
+    struct read {
+        UINT position;
+        UINT mask;
+        UINT limit;
+        bool operator==(const read&) const = default;
+    };
+    std::vector<read> reads;
+    // A position and a mask whose read fails.
+    std::pair<UINT, UINT> failing = {99, 0};
+
+private:
+    BOOL answer(HMENU menu, UINT position, BOOL by_position, LPMENUITEMINFOW item) {
+        reads.push_back({position, item->fMask, item->cch});
+        const bool fails = failing == std::pair(position, item->fMask);
+        return fails ? FALSE : get_item::real(menu, position, by_position, item);
+    }
+
+    get_item m_told{[this](auto... told) { return answer(told...); }};
+};
+
+TEST_F(AddHotKeys, AnItemThatCannotBeReadIsLeftAndTheNextOnesAreNot) {
+    std::vector<UINT> asked;
+    const auto noting = [&](UINT id) {
+        asked.push_back(id);
+        return by_id(id);
+    };
+    append(menu, 5, L"five");
+    append(menu, 6, L"six");
+    append(menu, 7, L"seven");
+    for (const UINT id : {0u, 5u, 6u, 7u}) {
+        bind(id, f2);
+    }
+    {
+        told_reads system;
+        system.failing = {1, MIIM_ID | MIIM_SUBMENU};
+        AddHotKeysToMenu(menu, noting);
+    }
+    EXPECT_THAT(texts(menu), ElementsAre(L"five\tF2", L"six", L"seven\tF2"));
+    EXPECT_THAT(asked, ElementsAre(5u, 7u)) << "no command is asked for without an id";
+}
+
+TEST_F(AddHotKeys, AnItemWhoseTextCannotBeReadKeepsIt) {
+    append(menu, 5, L"five");
+    append(menu, 6, L"six");
+    bind(5, f2);
+    bind(6, f2);
+    {
+        told_reads system;
+        system.failing = {0, MIIM_STRING};
+        AddHotKeysToMenu(menu, &by_id);
+    }
+    EXPECT_THAT(texts(menu), ElementsAre(L"five", L"six\tF2"));
+}
+
+TEST_F(AddHotKeys, AnItemIsReadByItsPlaceForIdAndSubmenuAndForItsTextOnlyWhenThereIsAKey) {
+    append(menu, 5, L"five");
+    append(menu, 6, L"six");
+    bind(6, f2);
+    told_reads system;
+    AddHotKeysToMenu(menu, &by_id);
+    EXPECT_THAT(system.reads, ElementsAre(told_reads::read{0, 6, 0x104}, told_reads::read{1, 6, 0x104},
+                                          told_reads::read{1, MIIM_STRING, 0x104}));
+}
+
+TEST_F(AddHotKeys, OnlyTheTextIsWrittenBack) {
+    using set_item = test::told_import<"SetMenuItemInfoW", decltype(SetMenuItemInfoW)>;
+    append(menu, 5, L"five");
+    append(menu, 6, L"six");
+    bind(6, f2);
+    std::vector<std::tuple<UINT, BOOL, UINT, std::wstring>> written;
+    const set_item told([&](HMENU of, UINT position, BOOL by_position, LPCMENUITEMINFOW item) {
+        written.emplace_back(position, by_position, item->fMask, item->dwTypeData);
+        return set_item::real(of, position, by_position, item);
+    });
+    AddHotKeysToMenu(menu, &by_id);
+    EXPECT_THAT(written, ElementsAre(std::tuple(1u, TRUE, 0x40u, L"six\tF2")));
+}
+
+TEST_F(AddHotKeys, OfALongTextTheFirstTwoHundredAndFiftyNineCharactersStay) {
+    append(menu, 5, std::wstring(300, L'a').c_str());
+    bind(5, f2);
+    AddHotKeysToMenu(menu, &by_id);
+    wchar_t text[400] = {};
+    GetMenuStringW(menu, 0, text, 400, MF_BYPOSITION);
+    EXPECT_EQ(text, std::wstring(259, L'a') + L"\tF2");
 }
 
 TEST_F(AddHotKeys, NothingHappensWithoutAMenuOrAMapper) {

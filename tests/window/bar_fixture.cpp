@@ -94,6 +94,9 @@ void fake_tab::become(ETM_ConnectionChanged state) {
 }
 
 bool fake_tab::get_GradientColors(COLORREF& from, COLORREF& to) {
+    if (when_coloured) {
+        when_coloured();
+    }
     if (gradient) {
         from = gradient->first;
         to = gradient->second;

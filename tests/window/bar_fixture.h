@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <boost/make_shared.hpp>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -59,6 +60,8 @@ public:
     CString name;
     LONG id = 0;
     std::optional<std::pair<COLORREF, COLORREF>> gradient;
+    // Runs when the colours are asked for.
+    std::function<void()> when_coloured;
     com_ptr<test::FakeProfile> host_profile;
     com_ptr<OV_OrderDeck::CProfileWrap> profile;
     boost::shared_ptr<fake_symbol> symbol;

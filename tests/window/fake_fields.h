@@ -1,6 +1,7 @@
 // Fields of the order row whose answers a test sets, and that keep what they were asked to do.
 #pragma once
 
+#include <functional>
 #include <limits>
 #include <string>
 #include <utility>
@@ -27,8 +28,13 @@ public:
 
     std::vector<LONG> selections;
     std::vector<_variant_t> values;
+    // Runs inside Select and put_Value, when they have been noted.
+    std::function<void()> when_told;
 
-    void Select(LONG key) override { selections.push_back(key); }
+    void Select(LONG key) override {
+        selections.push_back(key);
+        tell();
+    }
     LONG get_Count() override { return static_cast<LONG>(items.size()); }
     LONG get_Item(LONG index, CString* text) override {
         if (index < 0 || index >= get_Count()) {
@@ -44,7 +50,10 @@ public:
     bool get_Checked(LONG) override { return false; }
     bool get_Enabled() override { return enabled; }
     bool get_Hidden() override { return hidden; }
-    void put_Value(const VARIANT& put) override { values.emplace_back(put); }
+    void put_Value(const VARIANT& put) override {
+        values.emplace_back(put);
+        tell();
+    }
     _variant_t get_Value() override { return value; }
     void get_ValueRange(double* range_low, double* range_high) override {
         *range_low = low;
@@ -55,6 +64,13 @@ public:
         *range_high = spin_high;
     }
     bool IsEmpty() override { return empty; }
+
+private:
+    void tell() const {
+        if (when_told) {
+            when_told();
+        }
+    }
 };
 
 using fake_field = basic_field<OV_OrderDeck::IUnifyControl>;

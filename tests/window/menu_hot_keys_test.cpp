@@ -39,6 +39,14 @@ TEST(CommandIds, AnyOtherItemIsTheEmptyCommand) {
     }
 }
 
+TEST(CommandIds, AreAKindATextAndASharedReferenceOfTwoWords) {
+    CommandsMap::cmd_id command;
+    EXPECT_EQ(sizeof(command.kind), 4u);
+    EXPECT_EQ(sizeof(command.reference), 2 * sizeof(void*));
+    EXPECT_EQ(command, CommandIdFromMenuId(0));
+    EXPECT_NE(command, CommandIdFromMenuId(15));
+}
+
 TEST_F(MenuHotKeys, TheKeyOfACommandIsTold) {
     library.told().bind(10, L"Show Symbol Mapping", ctrl_m);
     EXPECT_TRUE(key_text(15));

@@ -30,11 +30,11 @@ protected:
 };
 
 TEST_F(PanelBirth, PartsAreAttachedInTheirOrder) {
-    using import = told_import<"SetWindowSubclass", decltype(SetWindowSubclass)>;
+    using system_call = told_import<"SetWindowSubclass", decltype(SetWindowSubclass)>;
     std::vector<int> attached;
-    const import told([&](HWND window, SUBCLASSPROC procedure, UINT_PTR id, DWORD_PTR data) {
+    const system_call told([&](HWND window, SUBCLASSPROC procedure, UINT_PTR id, DWORD_PTR data) {
         attached.push_back(GetDlgCtrlID(window));
-        return import::real(window, procedure, id, data);
+        return system_call::real(window, procedure, id, data);
     });
     make_panel();
     const std::vector<int> parts = {228, 225, 227, 203, 203, 214, 217, 209, 10003, 231};
@@ -44,28 +44,28 @@ TEST_F(PanelBirth, PartsAreAttachedInTheirOrder) {
 }
 
 TEST_F(PanelBirth, TheDatesTimerComesEveryMinuteToTheDate) {
-    using import = told_import<"SetTimer", decltype(SetTimer)>;
+    using system_call = told_import<"SetTimer", decltype(SetTimer)>;
     std::vector<std::tuple<int, UINT_PTR, UINT>> timers;
-    const import told([&](HWND window, UINT_PTR id, UINT period, TIMERPROC procedure) {
+    const system_call told([&](HWND window, UINT_PTR id, UINT period, TIMERPROC procedure) {
         timers.emplace_back(GetDlgCtrlID(window), id, period);
-        return import::real(window, id, period, procedure);
+        return system_call::real(window, id, period, procedure);
     });
     make_panel();
     EXPECT_THAT(timers, ElementsAre(std::tuple(228, 1751, 60000)));
 }
 
 TEST_F(PanelBirth, BoxesAreToldTheHeightOfTheSymbolLessSixForBothParts) {
-    using import = told_import<"SendMessageW", decltype(SendMessageW)>;
+    using system_call = told_import<"SendMessageW", decltype(SendMessageW)>;
     std::vector<std::tuple<int, int, LPARAM>> heights;
     LPARAM expected = 0;
-    const import told([&](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const system_call told([&](HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         if (message == CB_SETITEMHEIGHT) {
             heights.emplace_back(GetDlgCtrlID(window), static_cast<int>(wParam), lParam);
             RECT symbol = {};
             GetWindowRect(GetDlgItem(GetParent(window), 203), &symbol);
             expected = symbol.bottom - symbol.top - 6;
         }
-        return import::real(window, message, wParam, lParam);
+        return system_call::real(window, message, wParam, lParam);
     });
     make_panel();
     EXPECT_GT(expected, 0);
@@ -195,11 +195,11 @@ TEST_F(PanelMenu, RunsTheLineOfTheIdThatCameBackAndNoneForAnother) {
 }
 
 TEST_F(PanelMenu, ALineThatCannotBeUsedIsGreyAndDisabled) {
-    using import = told_import<"AppendMenuW", decltype(AppendMenuW)>;
+    using system_call = told_import<"AppendMenuW", decltype(AppendMenuW)>;
     std::vector<std::pair<UINT, UINT_PTR>> appended;
-    const import told([&](HMENU menu, UINT flags, UINT_PTR id, LPCWSTR text) {
+    const system_call told([&](HMENU menu, UINT flags, UINT_PTR id, LPCWSTR text) {
         appended.emplace_back(flags, id);
-        return import::real(menu, flags, id, text);
+        return system_call::real(menu, flags, id, text);
     });
     tab->host_profile->have_settings = VARIANT_FALSE;
     right_click();
@@ -238,9 +238,9 @@ TEST_F(PanelMenu, ACommandThatCannotTellItsStateIsReportedAndHasNoLine) {
 }
 
 TEST_F(PanelMenu, ALineThatCannotBeAppendedIsReportedAndIsNotAmongTheCommands) {
-    using import = told_import<"AppendMenuW", decltype(AppendMenuW)>;
-    const import told([](HMENU menu, UINT flags, UINT_PTR id, LPCWSTR text) {
-        return id == 15 ? FALSE : import::real(menu, flags, id, text);
+    using system_call = told_import<"AppendMenuW", decltype(AppendMenuW)>;
+    const system_call told([](HMENU menu, UINT flags, UINT_PTR id, LPCWSTR text) {
+        return id == 15 ? FALSE : system_call::real(menu, flags, id, text);
     });
     chosen = 15;
     right_click();
