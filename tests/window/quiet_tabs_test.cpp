@@ -3,36 +3,12 @@
 
 #include <commctrl.h>
 
-#include <utility>
-
 #include "tests/window/bar_fixture.h"
+#include "tests/window/sent_messages.h"
 
 namespace {
 
 using namespace OV_OrderDeck;
-
-// The messages that are sent to windows of this thread while it lives. One at a time.
-class sent_messages {
-public:
-    sent_messages() : m_hook(SetWindowsHookExW(WH_CALLWNDPROC, &note, nullptr, GetCurrentThreadId())) {
-        s_sent.clear();
-    }
-    ~sent_messages() { UnhookWindowsHookEx(m_hook); }
-    sent_messages(const sent_messages&) = delete;
-    sent_messages& operator=(const sent_messages&) = delete;
-
-    std::vector<std::pair<HWND, UINT>> take() { return std::exchange(s_sent, {}); }
-
-private:
-    static LRESULT CALLBACK note(int code, WPARAM wParam, LPARAM lParam) {
-        const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
-        s_sent.emplace_back(sent.hwnd, sent.message);
-        return CallNextHookEx(nullptr, code, wParam, lParam);
-    }
-
-    inline static std::vector<std::pair<HWND, UINT>> s_sent;
-    HHOOK m_hook;
-};
 
 class QuietTabs : public window_tests::bar_test {
 protected:
@@ -50,20 +26,20 @@ protected:
         bar->Update(tab.id, eODUE_AskBid);
     }
     // Which tab is current is asked of the strip; nothing else is a question only.
-    bool is_question(const std::pair<HWND, UINT>& sent) const {
-        return sent.first == strip() && (sent.second == TCM_GETCURSEL || sent.second == TCM_GETITEMW);
+    bool is_question(const window_tests::sent_message& sent) const {
+        return sent.window == strip() && (sent.message == TCM_GETCURSEL || sent.message == TCM_GETITEMW);
     }
 
     boost::shared_ptr<window_tests::fake_tab> shown;
     boost::shared_ptr<window_tests::fake_tab> other;
-    sent_messages messages;
+    window_tests::sent_messages messages;
 };
 
 TEST_F(QuietTabs, QuotesOfTheShownTabReachTheirButton) {
     quote(*shown);
     int to_button = 0;
     for (const auto& sent : messages.take()) {
-        to_button += sent.first == item(231) ? 1 : 0;
+        to_button += sent.window == item(231) ? 1 : 0;
     }
     EXPECT_GT(to_button, 0);
     EXPECT_EQ(shown->asked, std::vector<unsigned>{eODUE_AskBid});
@@ -75,7 +51,7 @@ TEST_F(QuietTabs, QuotesOfAnotherTabTouchNoWindowAndAskNoField) {
     }
     const auto sent = messages.take();
     for (const auto& each : sent) {
-        EXPECT_TRUE(is_question(each)) << each.second;
+        EXPECT_TRUE(is_question(each)) << each.message;
     }
     EXPECT_LE(sent.size(), 200U) << "no more than which tab it is and what its id is";
     EXPECT_TRUE(other->asked.empty());
