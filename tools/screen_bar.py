@@ -55,8 +55,8 @@ def write_profiles(folder, *profiles):
 class Bar(Screen):
     """A running host with the bar in it."""
 
-    def __init__(self, folder, *options):
-        super().__init__(ROOT, folder, *options)
+    def __init__(self, folder, *options, environment=None):
+        super().__init__(ROOT, folder, *options, environment=environment)
 
     # Tabs
 
@@ -173,9 +173,8 @@ class Bar(Screen):
         def focused():
             self.click(self.find(id=LOG, **{"class": "Edit"})[0]["rect"])
             return self.find(id=LOG, focus=True)
-        # The description is written ten times a second, and the focus of before is told in it too.
-        count = self._newest()["count"]
-        self.wait("a new description", lambda: self._newest()["count"] > count + 1)
+        # The focus of before is told too.
+        self.wait_for_news()
         self.wait("the focus in the log", focused)
 
     def leave(self):

@@ -19,7 +19,7 @@ class ScreenError(Exception):
 class Screen:
     """One running host."""
 
-    def __init__(self, root, folder, *options):
+    def __init__(self, root, folder, *options, environment=None):
         self.folder = folder
         self.order_log = os.path.join(folder, "orders.jsonl")
         self._description = os.path.join(folder, "windows.json")
@@ -29,7 +29,7 @@ class Screen:
                 os.remove(path)
         command = [os.path.join(root, "tools", "run-host"), "--describe", self._description]
         command += ["--order-log", self.order_log, *options]
-        self._process = subprocess.Popen(command, cwd=root)
+        self._process = subprocess.Popen(command, cwd=root, env={**os.environ, **(environment or {})})
 
     # Reading
 
@@ -68,6 +68,11 @@ class Screen:
             time.sleep(0.03)
         self.picture("failed")
         raise ScreenError(f"waited in vain for {what}; the screen had:\n{self._summary()}")
+
+    def wait_for_news(self):
+        """Waits for a description that was begun after now."""
+        count = self._newest()["count"]
+        self.wait("a new description", lambda: self._newest()["count"] > count + 1)
 
     def _summary(self):
         return "\n".join(
@@ -109,6 +114,16 @@ class Screen:
         x = int(rect[0] + (rect[2] - rect[0]) * part)
         y = int(rect[1] + (rect[3] - rect[1]) * height)
         self._xdotool("mousemove", x, y, "click", button)
+
+    def in_one_go(self, *steps):
+        """Presses keys, told by name, and clicks into rectangles, with no time between them."""
+        arguments = []
+        for step in steps:
+            if isinstance(step, str):
+                arguments += ["key", step]
+            else:
+                arguments += ["mousemove", (step[0] + step[2]) // 2, (step[1] + step[3]) // 2, "click", 1]
+        self._xdotool(*arguments)
 
     def key(self, *names):
         self._xdotool("key", *names)

@@ -20,8 +20,10 @@ from screen_bar import ROOT, Bar, forget_earlier_sessions
 SCENES = (
     "first_run",
     "order_types",
+    "tabs_in_a_slide",
     "prices",
     "quotes",
+    "good_till_date",
     "quantity",
     "calculator",
     "hot_keys",
@@ -45,11 +47,12 @@ class Stage:
         shutil.rmtree(folder, ignore_errors=True)
         os.makedirs(folder)
 
-    def open(self, name="", *options):
+    def open(self, name="", *options, environment=None):
         """A host with quotes that stand still; name tells the files of several hosts apart."""
         folder = os.path.join(self.folder, name)
         os.makedirs(folder, exist_ok=True)
-        bar = Bar(folder, "--frozen-quotes", "--seed", "7", "--settings", self.settings, *options)
+        bar = Bar(folder, "--frozen-quotes", "--seed", "7", "--settings", self.settings, *options,
+                  environment=environment)
         self._bars.append(bar)
         return bar
 

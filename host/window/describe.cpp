@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -134,6 +135,31 @@ void add_menu_bar(HWND window, json& out) {
     }
 }
 
+std::string day_text(const SYSTEMTIME& day) {
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d", day.wYear, day.wMonth, day.wDay);
+    return text.data();
+}
+
+// Where the days of a calendar can be clicked, those of the month on view: a point within each.
+void add_days(HWND window, json& out) {
+    constexpr LONG step = 4;
+    out["days"] = json::object();
+    RECT client{};
+    GetClientRect(window, &client);
+    for (LONG y = 0; y < client.bottom; y += step) {
+        for (LONG x = 0; x < client.right; x += step) {
+            MCHITTESTINFO hit{};
+            hit.cbSize = sizeof(hit);
+            hit.pt = {x, y};
+            SendMessageW(window, MCM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+            if (hit.uHit == MCHT_CALENDARDATE) {
+                out["days"][day_text(hit.st)] = client_rect_of(window, {x, y, x + 1, y + 1});
+            }
+        }
+    }
+}
+
 void add_items(HWND window, const std::wstring& kind, json& out) {
     if (kind == WC_COMBOBOXW) {
         add_combo(window, out);
@@ -141,6 +167,8 @@ void add_items(HWND window, const std::wstring& kind, json& out) {
         add_tabs(window, out);
     } else if (kind == WC_LISTVIEWW) {
         add_rows(window, out);
+    } else if (kind == MONTHCAL_CLASSW && IsWindowVisible(window) != FALSE) {
+        add_days(window, out);
     } else if (kind == L"#32768") {
         add_menu(window, out);
     }

@@ -1,0 +1,118 @@
+"""A good-till date is picked in the calendar, and the local midnight passes over it."""
+
+import datetime
+import time
+
+from screen_bar import BLOTTER, BUTTONS, DATE, LIMIT, TIME_IN_FORCE, TYPE, TYPES, write_profiles
+
+BUY = BUTTONS["buy"]
+PICKER = "SysDateTimePick32"
+EPOCH = datetime.date(1899, 12, 30)
+DAY = datetime.timedelta(days=1)
+MINUTES_OF_A_DAY = 24 * 60
+STATUS = 11
+
+
+def zone_before_midnight():
+    """A time zone in which the present minute is the last of its day, and that day."""
+    def early():
+        now = datetime.datetime.now(datetime.timezone.utc)
+        return now if 1 <= now.second <= 40 else None
+    # The date is picked before midnight, and the picker looks at the clock once a minute.
+    while not (now := early()):
+        time.sleep(0.1)
+    ahead = MINUTES_OF_A_DAY - 1 - (now.hour * 60 + now.minute)
+    if ahead > MINUTES_OF_A_DAY // 2:
+        ahead -= MINUTES_OF_A_DAY
+    hours, minutes = divmod(abs(ahead), 60)
+    # The name of a zone tells how far the clock in Greenwich is ahead of it.
+    zone = f"NEAR{'-' if ahead > 0 else '+'}{hours:02}:{minutes:02}"
+    return zone, (now + datetime.timedelta(minutes=ahead)).date()
+
+
+def shows(bar, day):
+    text = f"{day.month}/{day.day}/{day.year}"
+    bar.wait(f"{text} in the date field", lambda: bar.text_of(DATE, PICKER) == text)
+
+
+def calendar(bar):
+    found = bar.find(**{"class": "SysMonthCal32"})
+    return found[0] if found else None
+
+
+def open_calendar(bar, picture):
+    bar.click(bar.control(DATE, PICKER)["rect"], 0.93)
+    bar.wait("the calendar", lambda: (calendar(bar) or {}).get("days"))
+    bar.picture(picture)
+    return calendar(bar)["days"]
+
+
+def click_day(bar, day, picture):
+    bar.click(open_calendar(bar, picture)[day.isoformat()])
+    bar.wait("the calendar shut", lambda: not calendar(bar))
+    bar.wait_for_news()
+
+
+def pick(bar, day, picture):
+    click_day(bar, day, picture)
+    shows(bar, day)
+
+
+def good_till(order):
+    return EPOCH + datetime.timedelta(days=int(order["gtd_date"]))
+
+
+def fill_in(bar, tab):
+    bar.select_tab(tab)
+    bar.choose_instrument("KO")
+    bar.choose(TYPE, TYPES["limit"].text)
+    bar.type_over(LIMIT, "50")
+
+
+def slide_the_date_in(bar):
+    without = bar.left_of(BUY, "Button")
+    assert not bar.find(id=DATE, **{"class": PICKER})
+    bar.choose(TIME_IN_FORCE, "GTD")
+    bar.wait("the date field", lambda: bar.find(id=DATE, **{"class": PICKER}))
+    date = bar.control(DATE, PICKER)["rect"]
+    moved = bar.left_of(BUY, "Button") - without
+    assert date[2] - date[0] < moved < 2 * (date[2] - date[0]), (date, moved)
+    assert date[2] < bar.left_of(BUY, "Button")
+
+
+def newest(bar, column):
+    return bar.find(id=BLOTTER)[0]["rows"][0]["texts"][column]
+
+
+def play(stage):
+    write_profiles(stage.settings, ("One", 0, 0), ("Two", 0, 0))
+    zone, today = zone_before_midnight()
+    # The calendar opens downwards.
+    bar = stage.open("", "--size", "1400x620", environment={"TZ": zone})
+    fill_in(bar, "Two")
+    slide_the_date_in(bar)
+    shows(bar, today)
+    pick(bar, today + DAY, "calendar")
+    bar.picture("picked")
+    assert good_till(bar.place("buy")) == today + DAY
+    fill_in(bar, "One")
+    slide_the_date_in(bar)
+    shows(bar, today)
+    assert good_till(bar.place("buy")) == today
+    bar.wait("it rests", lambda: newest(bar, STATUS) == "Working")
+    bar.picture("before-midnight")
+
+    bar.wait("the end of the day's order", lambda: newest(bar, STATUS) == "Expired")
+    shows(bar, today + DAY)
+    bar.picture("after-midnight")
+    # The day that has passed can't be picked any more.
+    click_day(bar, today, "calendar-after-midnight")
+    shows(bar, today + DAY)
+    pick(bar, today + 2 * DAY, "calendar-again")
+    assert good_till(bar.place("buy")) == today + 2 * DAY
+    bar.wait("it rests", lambda: newest(bar, STATUS) == "Working")
+    bar.picture("ordered")
+    bar.key("alt+o")
+    bar.click(bar.menu_item("Cancel &all orders")["rect"])
+    bar.wait("no live order", lambda: newest(bar, STATUS) == "Cancelled")
+    bar.leave()
