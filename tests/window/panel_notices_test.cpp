@@ -41,19 +41,6 @@ protected:
         NMDATETIMECHANGE notice = {{item(228), 228, static_cast<UINT>(DTN_DATETIMECHANGE)}, flags, date};
         SendMessageW(panel(), WM_NOTIFY, 228, reinterpret_cast<LPARAM>(&notice));
     }
-    bool balloon_visible() const { return IsWindowVisible(balloon()) != FALSE; }
-    HWND balloon() const { return bar->get_Panel().get_Tips().get_Hwnd(); }
-    CString balloon_text(int id) const {
-        wchar_t shown[200] = {};
-        TTTOOLINFOW tool = {};
-        tool.cbSize = TTTOOLINFOW_V2_SIZE;
-        tool.hwnd = panel();
-        tool.uId = reinterpret_cast<UINT_PTR>(item(id));
-        tool.lpszText = shown;
-        SendMessageW(balloon(), TTM_GETTEXTW, 200, reinterpret_cast<LPARAM>(&tool));
-        return shown;
-    }
-
     boost::shared_ptr<window_tests::fake_tab> tab;
 };
 
@@ -134,30 +121,6 @@ TEST_F(PanelNotices, TypingAPriceTellsTheFieldAtEachCharacter) {
     EXPECT_STREQ(field(eODUE_FirstPrice).values[0].bstrVal, L"1");
     EXPECT_STREQ(field(eODUE_FirstPrice).values[1].bstrVal, L"12");
     EXPECT_TRUE(field(eODUE_SecondPrice).values.empty());
-    EXPECT_FALSE(balloon_visible());
-}
-
-TEST_F(PanelNotices, APriceThatIsNoneShowsTheRangeAtOnceWithItsTitle) {
-    field(eODUE_SecondPrice).empty = true;
-    field(eODUE_SecondPrice).low = 0.25;
-    field(eODUE_SecondPrice).high = 250000.0;
-    static CString title;
-    title.clear();
-    const auto spy = [](HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                        DWORD_PTR) -> LRESULT {
-        if (message == TTM_SETTITLEW) {
-            title = reinterpret_cast<const wchar_t*>(lParam);
-        }
-        return DefSubclassProc(window, message, wParam, lParam);
-    };
-    SetWindowSubclass(balloon(), spy, 1, 0);
-    type(217, L"x");
-    EXPECT_TRUE(balloon_visible());
-    EXPECT_EQ(balloon_text(217), L"請輸入 0 至 250000 的數值。");
-    EXPECT_EQ(title, L"委託價");
-    field(eODUE_SecondPrice).empty = false;
-    type(217, L"1");
-    EXPECT_FALSE(balloon_visible());
 }
 
 TEST_F(PanelNotices, LeavingAPriceShowsItsValueAndKeepsWhatIsNone) {
