@@ -3,6 +3,8 @@
 
 #include <commctrl.h>
 
+#include <cmath>
+
 #include "tests/window/bar_fixture.h"
 #include "tests/window/sent_messages.h"
 
@@ -25,9 +27,27 @@ protected:
         tab.quotes->bid += 0.25;
         bar->Update(tab.id, eODUE_AskBid);
     }
-    // Which tab is current is asked of the strip; nothing else is a question only.
-    bool is_question(const window_tests::sent_message& sent) const {
-        return sent.window == strip() && (sent.message == TCM_GETCURSEL || sent.message == TCM_GETITEMW);
+    // A hundred quotes of a tab that is not shown: no message to any window, sent or posted.
+    void expect_quiet(window_tests::fake_tab& tab) {
+        pump();
+        messages.take();
+        tab.asked.clear();
+        for (int i = 0; i < 100; ++i) {
+            quote(tab);
+        }
+        EXPECT_EQ(messages.take().size(), 0U);
+        MSG posted = {};
+        EXPECT_FALSE(PeekMessageW(&posted, nullptr, 0, 0, PM_NOREMOVE)) << posted.message;
+        EXPECT_TRUE(tab.asked.empty());
+    }
+    void expect_shown(window_tests::fake_tab& tab) {
+        tab.asked.clear();
+        quote(tab);
+        EXPECT_EQ(tab.asked, std::vector<unsigned>{eODUE_AskBid});
+        const long cents = std::lround((tab.quotes->ask + tab.quotes->bid) / 2 * 100);
+        CString middle = std::to_wstring(cents);
+        middle.insert(middle.size() - 2, L".");
+        EXPECT_EQ(text(231), middle + L" ");
     }
 
     boost::shared_ptr<window_tests::fake_tab> shown;
@@ -36,25 +56,107 @@ protected:
 };
 
 TEST_F(QuietTabs, QuotesOfTheShownTabReachTheirButton) {
-    quote(*shown);
+    expect_shown(*shown);
     int to_button = 0;
     for (const auto& sent : messages.take()) {
         to_button += sent.window == item(231) ? 1 : 0;
     }
     EXPECT_GT(to_button, 0);
-    EXPECT_EQ(shown->asked, std::vector<unsigned>{eODUE_AskBid});
 }
 
 TEST_F(QuietTabs, QuotesOfAnotherTabTouchNoWindowAndAskNoField) {
-    for (int i = 0; i < 100; ++i) {
-        quote(*other);
-    }
-    const auto sent = messages.take();
-    for (const auto& each : sent) {
-        EXPECT_TRUE(is_question(each)) << each.message;
-    }
-    EXPECT_LE(sent.size(), 200U) << "no more than which tab it is and what its id is";
-    EXPECT_TRUE(other->asked.empty());
+    expect_quiet(*other);
+    EXPECT_TRUE(shown->asked.empty());
+    expect_shown(*shown);
+}
+
+TEST_F(QuietTabs, StaySoWhileTheBarIsHidden) {
+    bar->Show(false);
+    expect_quiet(*other);
+    ShowWindow(bar->get_Hwnd(), SW_HIDE);
+    expect_quiet(*other);
+    expect_shown(*shown);
+    ShowWindow(bar->get_Hwnd(), SW_SHOW);
+}
+
+TEST_F(QuietTabs, StaySoAfterAChoiceByTheUserOrTheProgram) {
+    POINT at = tab_centre(1);
+    ScreenToClient(strip(), &at);
+    SendMessageW(strip(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(at.x, at.y));
+    SendMessageW(strip(), WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+    expect_quiet(*shown);
+    expect_shown(*other);
+    SendMessageW(strip(), WM_KEYDOWN, VK_LEFT, 1);
+    expect_quiet(*other);
+    expect_shown(*shown);
+    bar->SelectTab(other->id);
+    expect_quiet(*shown);
+    expect_shown(*other);
+}
+
+TEST_F(QuietTabs, StaySoAfterAChoiceByAnotherProgram) {
+    SendMessageW(strip(), TCM_SETCURSEL, 1, 0);
+    expect_quiet(*shown);
+    expect_shown(*other);
+    SendMessageW(strip(), TCM_SETCURFOCUS, 0, 0);
+    expect_quiet(*other);
+    expect_shown(*shown);
+}
+
+TEST_F(QuietTabs, StaySoAfterARename) {
+    other->name = L"A first";
+    bar->Update(other->id, UpdateMask::Name);
+    EXPECT_EQ(current(), L"Alpha");
+    expect_quiet(*other);
+    expect_shown(*shown);
+    shown->name = L"Zeta";
+    bar->Update(shown->id, UpdateMask::Name);
+    EXPECT_EQ(current(), L"Zeta");
+    expect_quiet(*other);
+    expect_shown(*shown);
+}
+
+TEST_F(QuietTabs, StaySoAfterTabsCameAndWent) {
+    const auto before_all = add(L"Aaa");
+    expect_quiet(*before_all);
+    expect_shown(*shown);
+    bar->RemoveTab(shown->id);
+    EXPECT_EQ(current(), L"Aaa") << "the leftmost follows";
+    expect_quiet(*other);
+    expect_shown(*before_all);
+}
+
+TEST_F(QuietTabs, StaySoAfterAReload) {
+    bar->RemoveAllTabs();
+    EXPECT_FALSE(bar->get_CurTab());
+    const auto last = boost::make_shared<window_tests::fake_tab>(host, L"Beta", eTM_CC_Connected);
+    bar->AddTab(last, true);
+    const auto first = add(L"Alpha");
+    EXPECT_EQ(current(), L"Beta") << "the first that came";
+    expect_quiet(*first);
+    expect_shown(*last);
+    bar->Deserialize(L"Software\\OrderDeck Tests\\absent");
+    EXPECT_EQ(current(), L"Alpha");
+    expect_quiet(*last);
+    expect_shown(*first);
+}
+
+TEST_F(QuietTabs, NoTabIsCurrentOnceAnotherProgramDeletedItsItem) {
+    SendMessageW(strip(), TCM_DELETEITEM, 0, 0);
+    EXPECT_FALSE(bar->get_CurTab());
+    expect_quiet(*shown);
+    SendMessageW(strip(), TCM_SETCURSEL, 0, 0);
+    EXPECT_EQ(bar->get_CurTab(), other);
+    SendMessageW(strip(), TCM_DELETEALLITEMS, 0, 0);
+    EXPECT_FALSE(bar->get_CurTab());
+    expect_quiet(*other);
+}
+
+TEST_F(QuietTabs, NoTabIsCurrentOnceTheWindowIsGone) {
+    DestroyWindow(bar->get_Hwnd());
+    EXPECT_FALSE(bar->get_CurTab());
+    EXPECT_EQ(bar->get_TabCount(), 0);
+    EXPECT_NO_THROW(quote(*shown));
     EXPECT_TRUE(shown->asked.empty());
 }
 

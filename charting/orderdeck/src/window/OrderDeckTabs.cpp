@@ -96,8 +96,7 @@ boost::shared_ptr<ITab> COrderDeckWindow::get_Tab(LONG id) {
 }
 
 boost::shared_ptr<ITab> COrderDeckWindow::get_CurTab() {
-    // No tab has the id 0, which is that of no selection. Each quote comes by here, so the strip is asked
-    // once.
+    // No tab has the id 0, which is that of no selection.
     return get_Tab(m_tab_ctrl.get_CurrentId());
 }
 
@@ -137,7 +136,7 @@ void COrderDeckWindow::Show(bool visible) {
 
 void COrderDeckWindow::SetFocus(LONG id, OD_UpdateEntity entity) {
     BS_REQUIRE(m_tab_infos.contains(id), E_FAIL);
-    if (m_tab_ctrl.get_Current() != -1 && m_tab_ctrl.get_CurrentId() == id) {
+    if (m_tab_ctrl.get_CurrentId() == id) {
         ::SetFocus(m_panel->get_Window(entity));
     }
 }
@@ -146,7 +145,6 @@ void COrderDeckWindow::Teardown() {
     if (::IsWindow(m_hWnd)) {
         DestroyWindow();
     }
-    m_tab_ctrl.Attach(nullptr);
     m_tab_infos.clear();
     _destroy_images();
 }
@@ -157,7 +155,8 @@ void COrderDeckWindow::Update(LONG id, unsigned mask) {
 
 void COrderDeckWindow::_update(LONG id, unsigned mask, bool bNoAnimation, bool bKeepQuantity) {
     BS_ASSERT_TEXT(::GetCurrentThreadId() == m_thread_id, "not thread safe");
-    if (!::IsWindow(m_hWnd)) {
+    // Each quote of each tab comes by here: what is not to be seen asks no window, not even this.
+    if (m_hWnd == nullptr) {
         return;
     }
     const auto tab = get_Tab(id);
@@ -170,7 +169,7 @@ void COrderDeckWindow::_update(LONG id, unsigned mask, bool bNoAnimation, bool b
     if ((mask & UpdateMask::ConnectionState) != 0) {
         _update_tab_connection(*tab, id);
     }
-    if (get_CurTab() != tab) {
+    if (m_tab_ctrl.get_CurrentId() != id) {
         return;
     }
     if (mask != UpdateMask::Repaint) {

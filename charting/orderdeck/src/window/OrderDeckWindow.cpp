@@ -93,7 +93,7 @@ frame::answer COrderDeckWindow::_dispatch_notify(const NMHDR& notice) {
 }
 
 frame::answer COrderDeckWindow::OnInitDialog() {
-    m_tab_ctrl.Attach(get_Item(tab_strip_item));
+    BS_REQUIRE(m_tab_ctrl.SubclassWindow(get_Item(tab_strip_item)), E_FAIL);
     _init_tab_images();
     m_panel->Create(m_hWnd);
     // The panel lies over the strip's page, so it stands before the strip.
@@ -159,6 +159,7 @@ frame::answer COrderDeckWindow::OnBnClicked() {
 }
 
 frame::answer COrderDeckWindow::OnSelChange() {
+    m_tab_ctrl.OnSelChange();
     _update(m_tab_ctrl.get_CurrentId(), UpdateMask::AllFieldsAndRepaint, false, true);
     return 0;
 }

@@ -6,7 +6,32 @@ namespace {
 
 constexpr int longest_text = 1024;
 
+// The messages after which another tab may be current, whoever sends them.
+bool may_select(UINT uMsg) {
+    switch (uMsg) {
+        case TCM_SETCURSEL:
+        case TCM_INSERTITEMW:
+        case TCM_DELETEITEM:
+        case TCM_DELETEALLITEMS:
+            return true;
+        default:
+            return false;
+    }
+}
+
 }  // namespace
+
+BOOL CTabStrip::ProcessWindowMessage(HWND, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT& lResult, DWORD) {
+    if (uMsg == WM_NCDESTROY) {
+        m_current_id = 0;
+    }
+    if (!may_select(uMsg)) {
+        return FALSE;
+    }
+    lResult = DefWindowProc(uMsg, wParam, lParam);
+    OnSelChange();
+    return TRUE;
+}
 
 int CTabStrip::get_Count() const {
     return TabCtrl_GetItemCount(m_hWnd);

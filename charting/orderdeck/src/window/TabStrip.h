@@ -5,21 +5,23 @@
 #include <commctrl.h>
 
 #include "platform/text.h"
+#include "platform/win32/frame/subclassed_window.h"
 
 namespace OV_OrderDeck {
 
 // The tab strip of the bar: sorted tabs, each with a text, an image and an id. An index is a place from
-// the left; none is -1. Lives on the bar's thread.
-class CTabStrip {
+// the left; none is -1. Subclasses the window, to know at every time which tab is current. Lives on the
+// bar's thread; without its window it has no tabs.
+class CTabStrip final : public frame::subclassed_window {
 public:
-    void Attach(HWND strip) { m_hWnd = strip; }
-    HWND get_Hwnd() const { return m_hWnd; }
-
     int get_Count() const;
     int get_Current() const;
     // 0 when there is no such tab.
     LONG get_Id(int index) const;
-    LONG get_CurrentId() const { return get_Id(get_Current()); }
+    // 0 when no tab is current. Asks no window.
+    LONG get_CurrentId() const { return m_current_id; }
+    // The user chose another tab: of that the strip tells its parent only.
+    void OnSelChange() { m_current_id = get_Id(get_Current()); }
     CString get_Text(int index) const;
     int get_Image(int index) const;
     int Find(LONG id) const;
@@ -39,8 +41,11 @@ public:
     RECT get_PageRect() const;
     void Repaint() const;
 
+    BOOL ProcessWindowMessage(HWND hWnd, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT& lResult,
+                              DWORD dwMsgMapID) override;
+
 private:
-    HWND m_hWnd = nullptr;
+    LONG m_current_id = 0;
 };
 
 }  // namespace OV_OrderDeck
