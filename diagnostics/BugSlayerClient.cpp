@@ -89,11 +89,13 @@ void BugSlayerClient::GiveUp() noexcept {
 }
 
 HRESULT BugSlayerClient::Terminate() noexcept {
-    const HRESULT result = Send(L"TERMINATE");
-    if (ReadyObject()) {
-        platform::terminate_process(static_cast<UINT>(-1));
+    const platform::last_error_keeper keeper;
+    const com_ptr<IDebugObject> object = ReadyObject();
+    if (!object) {
+        return E_FAIL;
     }
-    return result;
+    object->Command(nullptr, L"TERMINATE", nullptr, 0);
+    platform::terminate_process(static_cast<UINT>(-1));
 }
 
 HRESULT BugSlayerClient::IsClean() noexcept {

@@ -1,5 +1,7 @@
 #include "diagnostics/debug_record.h"
 
+#include <string_view>
+
 #include "platform/utf8.h"
 
 namespace BugSlayerUtil {
@@ -9,6 +11,23 @@ VARIANT value_of_type(VARTYPE type) {
     VARIANT value{};
     value.vt = type;
     return value;
+}
+
+struct function_texts {
+    std::string name;
+    std::string signature;
+};
+
+// A lambda is a piece of the function that it stands in: that one is named.
+function_texts function_of(const code_location& where) {
+    const std::string_view signature = where.signature;
+    const std::size_t lambda = signature.find("::<lambda");
+    if (lambda == std::string_view::npos) {
+        return {where.function, where.signature};
+    }
+    const std::string_view outer = signature.substr(0, lambda);
+    const std::string_view full_name = outer.substr(0, outer.find('('));
+    return {std::string(full_name.substr(full_name.find_last_of(" :*&") + 1)), std::string(outer)};
 }
 
 }  // namespace
@@ -97,8 +116,9 @@ void debug_record::SetSource(const code_location& where, int group) {
 }
 
 void debug_record::SetFunction(const code_location& where) {
-    SetText(L"Function", where.function);
-    SetText(L"$FuncSig", where.signature);
+    const function_texts function = function_of(where);
+    SetText(L"Function", function.name.c_str());
+    SetText(L"$FuncSig", function.signature.c_str());
 }
 
 void debug_record::Set(const wchar_t* name, const VARIANT& value) noexcept {

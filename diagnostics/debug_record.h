@@ -36,7 +36,7 @@ public:
     void SetBool(const wchar_t* name, bool value);
 
     // Fields of the same form in every kind: "File", "Line" and "$Group" (unless 0), "Function" and
-    // "$FuncSig".
+    // "$FuncSig", which are for a lambda those of the function it stands in.
     void SetSource(const code_location& where, int group);
     void SetFunction(const code_location& where);
 

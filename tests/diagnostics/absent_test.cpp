@@ -95,6 +95,12 @@ TEST_F(NoLibrary, IsLookedForAgainAtTheNextReport) {
     EXPECT_EQ(desktop.message_boxes().size(), 2u);
 }
 
+TEST_F(NoLibrary, IsLookedForOnceByTheOrderToEndTheProcess) {
+    registry.tell(HKEY_CURRENT_USER, settings, REG_SZ, L"");
+    EXPECT_EQ(Client::Get().Terminate(), E_FAIL);
+    EXPECT_EQ(desktop.message_boxes().size(), 1u);
+}
+
 TEST_F(NoLibrary, IsShownOnceWhenAReportComesWhileTheBoxIsUp) {
     registry.tell(HKEY_CURRENT_USER, settings, REG_SZ, L"");
     HRESULT inner = S_OK;

@@ -176,6 +176,23 @@ TEST_F(Assertion, OfAnExpressionBearsItsTextAndItsPlace) {
     EXPECT_EQ(find_field(only_record(recorder), L"$Group"), nullptr);
 }
 
+// The outer function of a lambda, with a reference and an argument to tell from its name.
+const int& checked(const int* value) {
+    [&] { [&] { BS_ASSERT(*value > 0); }(); }();
+    return *value;
+}
+
+TEST_F(Assertion, InALambdaBearsTheFunctionThatTheLambdaStandsIn) {
+    [] { BS_ASSERT(false); }();
+    const int negative = -1;
+    checked(&negative);
+    ASSERT_EQ(recorder.assertions().size(), 2u);
+    EXPECT_EQ(recorder.assertions()[0].function, L"TestBody");
+    EXPECT_TRUE(text_of(recorder.records()[0], L"$FuncSig").ends_with(L"_Test::TestBody()"));
+    EXPECT_EQ(recorder.assertions()[1].function, L"checked");
+    EXPECT_TRUE(text_of(recorder.records()[1], L"$FuncSig").ends_with(L"checked(const int*)"));
+}
+
 TEST_F(Assertion, OfAnExpressionThatHoldsWritesNothing) {
     EXPECT_TRUE(BS_ASSERT(recorder.records().empty()));
     EXPECT_TRUE(BS_ASSERT_TEXT(true, "never"));

@@ -132,6 +132,9 @@ HRESULT FakeQuery::internal_query(REFIID iid, void** out) {
 }
 
 void FakeQuery::fill(IovTable* table, const std::vector<row>& rows, LONG id, LONG id_column) const {
+    if (table == nullptr) {
+        return;
+    }
     const auto found = std::find_if(rows.begin(), rows.end(),
                                     [&](const row& r) { return std::get<LONG>(r.at(id_column)) == id; });
     const auto current = found == rows.end() ? 0 : found - rows.begin();

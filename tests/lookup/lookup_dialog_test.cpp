@@ -74,12 +74,21 @@ protected:
         return all;
     }
     // The dialog fails: the user has chosen nothing, and the failure was written down.
-    void expect_failure(const std::string& why) {
+    void expect_failure(const std::string& why, const std::string& trace = "HRESULT - ") {
         diagnostics.clear();
         host.clear();
         EXPECT_EQ(ask(L"ESZ6", present_choice(), 2), S_OK) << why;
         EXPECT_EQ(result, eODLR_Canceled) << why;
-        EXPECT_FALSE(diagnostics.traces().empty()) << why;
+        ASSERT_EQ(diagnostics.traces().size(), 1U) << why;
+        EXPECT_THAT(test::narrow(diagnostics.traces()[0]), HasSubstr(trace)) << why;
+    }
+    // The texts of the assertions.
+    std::vector<std::wstring> asserted() const {
+        std::vector<std::wstring> all;
+        for (const reported_assertion& each : diagnostics.assertions()) {
+            all.push_back(each.description);
+        }
+        return all;
     }
 
     std::shared_ptr<test::dialog_plan> plan = std::make_shared<test::dialog_plan>();
@@ -214,6 +223,12 @@ TEST_F(lookup_dialog, a_filter_is_the_second_page_object_and_is_not_asked) {
     EXPECT_EQ(ask(), S_OK);
     EXPECT_THAT(texts("Sheet.Create"), ElementsAre(HasSubstr(", data, filter, symbol page")));
     EXPECT_EQ(filter->asked, 0);
+    // What is no filter takes the place of the one before.
+    EXPECT_EQ(lookup->Initialize(0, _bstr_t(L"Avanza"), VARIANT_FALSE,
+                                 platform::make_com<test::FakeSheet>(host, plan)->GetUnknown()),
+              S_OK);
+    EXPECT_EQ(ask(), S_OK);
+    EXPECT_THAT(texts("Sheet.Create"), ElementsAre(HasSubstr(", data, symbol page")));
 }
 
 TEST_F(lookup_dialog, is_modal_on_the_window_of_the_service) {
@@ -279,7 +294,8 @@ TEST_F(lookup_dialog, each_failure_of_a_step_that_it_needs_ends_it_without_a_cho
     }
     host.forget_faults();
     host.leave_unwritten("Data.get_Dialog");
-    expect_failure("no dialog");
+    expect_failure("no dialog", "HRESULT - 80004003");
+    EXPECT_THAT(asserted(), ElementsAre(testing::EndsWith(L"&& dialog")));
     host.forget_faults();
     plan->sheet_result = E_ABORT;
     expect_failure("no sheet");
@@ -291,10 +307,28 @@ TEST_F(lookup_dialog, each_missing_interface_that_it_needs_ends_it_without_a_cho
                                __uuidof(IQVPropertySheet)}) {
             plan->refused.clear();
             refuse(iid, hr);
-            expect_failure(test::narrow(test::id_text(iid)));
+            expect_failure(test::narrow(test::id_text(iid)), "");
             EXPECT_EQ(host.count("ShowModal"), 0);
         }
     }
+}
+
+TEST_F(lookup_dialog, a_missing_interface_is_asserted_and_a_null_pointer) {
+    refuse(__uuidof(IDataProperty));
+    expect_failure("data", "HRESULT - 80004003");
+    EXPECT_THAT(asserted(), ElementsAre(L"data"));
+    plan->refused.clear();
+    refuse(__uuidof(IQuickRequest));
+    expect_failure("quick", "HRESULT - 80004003");
+    EXPECT_THAT(asserted(), ElementsAre(L"quick"));
+}
+
+TEST_F(lookup_dialog, the_quick_request_is_asked_for_again_after_the_sheet) {
+    host.on_call("Sheet.ShowModal", [this] { refuse(__uuidof(IQuickRequest)); });
+    expect_failure("quick", "HRESULT - 80004003");
+    EXPECT_THAT(asserted(), ElementsAre(L"quick"));
+    EXPECT_EQ(host.count("Data.OnDialogEnd"), 1);
+    EXPECT_EQ(host.count("Quick.get_"), 0);
 }
 
 TEST_F(lookup_dialog, a_missing_series_manager_is_an_error_of_its_name) {

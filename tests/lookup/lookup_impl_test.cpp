@@ -48,6 +48,7 @@ TEST_F(lookup_impl, initialize_without_a_name_is_reported_and_refused) {
     EXPECT_EQ(lookup->Initialize(0, nullptr, VARIANT_FALSE, nullptr), E_POINTER);
     ASSERT_EQ(diagnostics.assertions().size(), 1U);
     EXPECT_EQ(diagnostics.assertions()[0].description, L"sPluginName");
+    EXPECT_EQ(diagnostics.assertions()[0].function, L"Initialize");
     EXPECT_EQ(by_name(L"ESZ6"), OLE_E_BLANK);
 }
 
@@ -160,16 +161,26 @@ TEST_F(lookup_impl, an_unknown_or_empty_name_is_not_found_where_no_dialog_may_co
     EXPECT_THAT(host.calls(), IsEmpty());
 }
 
-TEST_F(lookup_impl, what_stood_in_the_record_is_overwritten_with_zeros) {
+TEST_F(lookup_impl, what_stood_in_the_record_is_overwritten_with_zeros_to_the_last_byte) {
     initialize();
-    reset();
-    info->Currency = 5;
-    info->StrikePrice = 3.0;
-    info->id = 9;
-    EXPECT_EQ(lookup->GetSymbolInfo(_bstr_t(L"NQZ6"), 1, nullptr, info.get(), &result), S_OK);
-    EXPECT_EQ(info->Currency, 0);
-    EXPECT_EQ(info->StrikePrice, 0.0);
-    EXPECT_EQ(info->id, 0);
+    const _bstr_t texts[] = {L"NQZ6", L"NYSE", L"TradeNode", L""};
+    OD_SSymbolReq unknown{texts[0].copy(false), texts[1].copy(false), texts[2].copy(false), 4};
+    OD_SSymbolReq empty{texts[3].copy(false), texts[1].copy(false), texts[2].copy(false), 4};
+    const std::function<HRESULT(OD_SSymbolInfo*)> searches[] = {
+        [&](OD_SSymbolInfo* out) {
+            return lookup->GetSymbolInfo(texts[0].copy(false), 1, nullptr, out, &result);
+        },
+        [&](OD_SSymbolInfo* out) { return lookup->GetSymbolInfoById(99, out, &result); },
+        [&](OD_SSymbolInfo* out) { return lookup->GetSymbolInfoByReq(&unknown, out, &result); },
+        [&](OD_SSymbolInfo* out) { return lookup->GetSymbolInfoByReq(&empty, out, &result); }};
+    for (const auto& search : searches) {
+        alignas(OD_SSymbolInfo) std::array<unsigned char, sizeof(OD_SSymbolInfo)> bytes{};
+        bytes.fill(0xFF);
+        result = untold;
+        EXPECT_EQ(search(reinterpret_cast<OD_SSymbolInfo*>(bytes.data())), S_OK);
+        EXPECT_EQ(result, eODLR_NotFound);
+        EXPECT_THAT(bytes, testing::Each(0));
+    }
 }
 
 TEST_F(lookup_impl, a_plugin_without_a_feed_gives_the_defaults_with_the_name_and_the_callers_currency) {
@@ -236,6 +247,7 @@ TEST_F(lookup_impl, a_worker_that_refuses_is_an_unexpected_failure) {
     initialize();
     lookup->refuse_tasks();
     EXPECT_EQ(by_name(L"ESZ6"), E_UNEXPECTED);
+    EXPECT_EQ(result, eODLR_Canceled) << "said before the search";
     EXPECT_EQ(by_id(5), E_UNEXPECTED);
     const auto traces = diagnostics.traces();
     ASSERT_EQ(traces.size(), 2U);

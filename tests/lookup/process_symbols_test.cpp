@@ -109,9 +109,15 @@ TEST_F(process_symbols, a_missing_table_or_request_is_no_crash) {
     serve({{}, {L"Table"}});
     EXPECT_EQ(count(false), E_POINTER);
     EXPECT_EQ(count(true), E_POINTER);
-    found = true;
-    EXPECT_EQ(by_request(), S_OK);
-    EXPECT_FALSE(found);
+    for (const auto& [category, query] :
+         {std::pair<LONG, const char*>{4, "Query.QuerySymbols(0, request, null)"},
+          {18, "Query.QuerySecondTable(0, 0, null)"}}) {
+        host.clear();
+        found = true;
+        EXPECT_EQ(by_request(category), S_OK);
+        EXPECT_FALSE(found);
+        EXPECT_EQ(host.count(query), 1) << "the host is asked all the same";
+    }
     serve({{}, {L"Request"}});
     EXPECT_EQ(count(false), E_POINTER);
     EXPECT_EQ(by_request(), E_POINTER);

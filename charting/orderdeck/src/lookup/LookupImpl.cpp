@@ -1,5 +1,7 @@
 #include "charting/orderdeck/src/lookup/LookupImpl.h"
 
+#include <cstring>
+
 #include "charting/orderdeck/src/lookup/ProcessSymbols.h"
 #include "diagnostics/BugSlayerUtil.h"
 #include "unicomp/LocalRPC/TaskFactory.h"
@@ -18,6 +20,11 @@ constexpr double default_expiry = 2.0;
 
 bool is_empty(BSTR text) {
     return SysStringLen(text) == 0;
+}
+
+// The gaps between the fields too: the record crosses to another module as it stands.
+void zero(OD_SSymbolInfo& info) {
+    std::memset(&info, 0, sizeof(info));
 }
 
 owned_text new_text(const CString& text) {
@@ -100,7 +107,7 @@ void CLookupImpl::_get_symbol_info(BSTR name, LONG mode, OD_SSymbolInfo* selecte
         _fill_defaults(name, info);
         return;
     }
-    info = {};
+    zero(info);
     if (!is_empty(name) && mode != dialog_only) {
         bool found = false;
         LocalRPC::SyncCall(activeObject, [&] { _find_unique_symbol_by_name_impl(name, info, found); });
@@ -131,7 +138,7 @@ STDMETHODIMP CLookupImpl::GetSymbolInfoById(LONG lSymbolId, OD_SSymbolInfo* pVal
             _fill_defaults(nullptr, *pVal);
             return S_OK;
         }
-        *pVal = {};
+        zero(*pVal);
         *pRes = _find_by_id(lSymbolId, 0, *pVal) ? eODLR_Selected : eODLR_NotFound;
         return S_OK;
     });
@@ -150,7 +157,7 @@ STDMETHODIMP CLookupImpl::GetSymbolInfoByReq(OD_SSymbolReq* pReq, OD_SSymbolInfo
             _fill_defaults(nullptr, *pVal);
             return S_OK;
         }
-        *pVal = {};
+        zero(*pVal);
         *pRes = eODLR_NotFound;
         if (!is_empty(pReq->Name) && !is_empty(pReq->Exchange) && !is_empty(pReq->DataFeed) &&
             _process_symbols_by_req(*pVal, *pReq)) {

@@ -98,10 +98,10 @@ bool _process_symbols_by_req(OD_SSymbolInfo& info, const OD_SSymbolReq& req) {
     const bool second = req.Category == eSC_SecondTable;
     const LONG symbol_id = symbol_id_of(*objects.query, req);
     objects.put_symbol(symbol_id);
+    objects.run(second, objects.request.get());
     if (!objects.table) {
         return false;
     }
-    objects.run(second, objects.request.get());
     if (symbol_id == 0) {
         unique_by_req_finder finder(req, info);
         _process_table(*objects.table, std::ref(finder), second);

@@ -20,8 +20,8 @@ bool take_match(int& count, IovTable& table, bool second, OD_SSymbolInfo& info) 
 
 }  // namespace
 
-// The name before the feed: hardly a row has the name, nearly every row may have the feed, and each text
-// costs the host an allocation.
+// Deliberately the name before the feed: hardly a row has the name, nearly every row may have the feed, and
+// each text costs the host an allocation.
 bool unique_by_name_finder::operator()(IovTable& table, bool second) {
     const bool matches = GetAsLong(eOVF_DataFeedId, table) != 0 &&
                          equal_without_case(read_text(eOVF_Name, table).c_str(), m_name) &&
