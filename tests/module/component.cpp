@@ -1,5 +1,7 @@
 #include "tests/module/component.h"
 
+#include <algorithm>
+#include <cctype>
 #include <stdexcept>
 
 namespace test {
@@ -24,11 +26,33 @@ std::wstring component::path() {
     return folder + L"\\bin\\OrderDeck.dll";
 }
 
-std::vector<std::string> component::exports() const {
+const IMAGE_OPTIONAL_HEADER& component::header() const {
     const auto* const base = reinterpret_cast<const BYTE*>(m_handle);
     const auto* const dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-    const auto* const nt = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-    const auto& entry = nt->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
+    return reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew)->OptionalHeader;
+}
+
+std::vector<std::string> component::imports() const {
+    const auto* const base = reinterpret_cast<const BYTE*>(m_handle);
+    const auto& entry = header().DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
+    const auto* library = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + entry.VirtualAddress);
+    std::vector<std::string> names;
+    for (; library->Name != 0; ++library) {
+        std::string name = reinterpret_cast<const char*>(base + library->Name);
+        std::transform(name.begin(), name.end(), name.begin(),
+                       [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+        names.push_back(name);
+    }
+    return names;
+}
+
+WORD component::dll_characteristics() const {
+    return header().DllCharacteristics;
+}
+
+std::vector<std::string> component::exports() const {
+    const auto* const base = reinterpret_cast<const BYTE*>(m_handle);
+    const auto& entry = header().DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
     const auto* const table = reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(base + entry.VirtualAddress);
     const auto* const names = reinterpret_cast<const DWORD*>(base + table->AddressOfNames);
     std::vector<std::string> result;

@@ -23,6 +23,10 @@ public:
 
     // Names of its export table, in order.
     std::vector<std::string> exports() const;
+    // Names of the libraries that it is linked to.
+    std::vector<std::string> imports() const;
+    // Of the image's optional header.
+    WORD dll_characteristics() const;
 
     HRESULT get_class_object(REFCLSID clsid, REFIID iid, void** out) const;
     com_ptr<IClassFactory> factory(REFCLSID clsid) const;
@@ -32,6 +36,7 @@ public:
     HMODULE handle() const { return m_handle; }
 
 private:
+    const IMAGE_OPTIONAL_HEADER& header() const;
     template <class Function>
     Function* find(const char* name) const;
 
