@@ -2,10 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/desktop.h"
 #include "tests/desktop/foreign_process.h"
+#include "tests/support/win32/told_import.h"
 
 namespace {
 
@@ -97,6 +99,80 @@ TEST(SystemDesktop, ADismissedMenuGivesZero) {
     const top_window window(L"orderdeck_test_window");
     window.press({VK_DOWN, VK_ESCAPE});
     EXPECT_EQ(desktop().popup_menu(window.handle(), s_items, {40, 40}), 0U);
+}
+
+// The system's menus, whose calls are noted and which at once give the answer.
+class told_menus {
+public:
+    BOOL answer = 0;
+    // The menu that was shown last, and how.
+    HMENU menu = nullptr;
+    UINT flags = 0;
+    POINT at = {};
+    HWND owner = nullptr;
+    std::vector<std::pair<UINT_PTR, std::wstring>> lines;
+
+private:
+    test::told_import<"TrackPopupMenu", decltype(TrackPopupMenu)> m_track{
+        [this](HMENU shown, UINT how, int x, int y, int, HWND asker, const RECT*) {
+            menu = shown;
+            flags = how;
+            at = {x, y};
+            owner = asker;
+            for (int i = 0; i < GetMenuItemCount(shown); ++i) {
+                wchar_t text[64] = {};
+                GetMenuStringW(shown, static_cast<UINT>(i), text, 64, MF_BYPOSITION);
+                lines.emplace_back(GetMenuItemID(shown, i), text);
+            }
+            return answer;
+        }};
+};
+
+TEST(SystemDesktop, AMenuStandsAtItsPlaceWithItsLinesAndEndsWithTheCall) {
+    const top_window window(L"orderdeck_test_window");
+    told_menus menus;
+    menus.answer = 7;
+    EXPECT_EQ(desktop().popup_menu(window.handle(), s_items, {-40, 41}), 7U);
+    EXPECT_EQ(menus.flags, 0x180U);
+    EXPECT_EQ(menus.at.x, -40);
+    EXPECT_EQ(menus.at.y, 41);
+    EXPECT_EQ(menus.owner, window.handle());
+    EXPECT_EQ(menus.lines, (std::vector<std::pair<UINT_PTR, std::wstring>>{{1, L"one"}, {2, L"模擬"}}));
+    EXPECT_FALSE(IsMenu(menus.menu));
+}
+
+// The code of the error that asking for a menu raises, S_OK when it raises none.
+HRESULT raised_by_a_menu() {
+    try {
+        desktop().popup_menu(nullptr, s_items, {0, 0});
+    } catch (const _com_error& error) {
+        return error.Error();
+    }
+    return S_OK;
+}
+
+TEST(SystemDesktop, AMenuThatCannotBeMadeIsAFailureAndNoneIsShown) {
+    const told_menus menus;
+    const test::told_import<"CreatePopupMenu", decltype(CreatePopupMenu)> refusing(
+        [] { return HMENU{nullptr}; });
+    EXPECT_EQ(raised_by_a_menu(), E_FAIL);
+    EXPECT_EQ(menus.menu, nullptr);
+}
+
+TEST(SystemDesktop, ALineThatCannotBeAppendedIsAFailureAndTheMenuEnds) {
+    using create = test::told_import<"CreatePopupMenu", decltype(CreatePopupMenu)>;
+    const told_menus menus;
+    HMENU made = nullptr;
+    const create noting([&] {
+        made = create::real();
+        return made;
+    });
+    const test::told_import<"AppendMenuW", decltype(AppendMenuW)> refusing(
+        [](HMENU, UINT, UINT_PTR, LPCWSTR) { return BOOL{FALSE}; });
+    EXPECT_EQ(raised_by_a_menu(), E_FAIL);
+    EXPECT_EQ(menus.menu, nullptr);
+    EXPECT_NE(made, nullptr);
+    EXPECT_FALSE(IsMenu(made));
 }
 
 // What a message box showed before it was answered.
