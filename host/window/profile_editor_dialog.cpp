@@ -1,6 +1,9 @@
 #include "window/profile_editor_dialog.h"
 
+#include <algorithm>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "com/text.h"
 #include "window/dialog.h"
@@ -54,6 +57,9 @@ private:
                     show({});
                 }
                 break;
+            case IDC_REMOVE_ALL:
+                remove_all();
+                break;
             case IDC_MOVE_UP:
             case IDC_MOVE_DOWN:
                 m_all.move(outer_id, id == IDC_MOVE_UP ? -1 : 1);
@@ -74,6 +80,25 @@ private:
         _bstr_t name(to_wide(text(IDC_PROFILE_NAME)).c_str());
         m_all.Add(plugin.GetBSTR(), name.GetBSTR());
         show(m_all.items().back()->shared().outer_id);
+    }
+
+    // All or none: who keeps the orders of one profile keeps the others, too.
+    void remove_all() {
+        const std::wstring question =
+            L"Remove all profiles (" + std::to_wstring(m_all.items().size()) + L")?";
+        if (MessageBoxW(window(), question.c_str(), L"OrderDeck Host",
+                        MB_YESNO | MB_DEFBUTTON2 | MB_ICONWARNING) != IDYES) {
+            return;
+        }
+        // Copies: while the user is asked, profiles may change.
+        const std::vector<ref<profile>> all = m_all.items();
+        const bool may = std::ranges::all_of(
+            all, [this](const ref<profile>& one) { return m_may_remove(window(), *one); });
+        if (may) {
+            m_all.remove_all();
+            set_text(IDC_PROFILE_NAME, "");
+            show({});
+        }
     }
 
     void rename(const std::string& outer_id) {
@@ -107,6 +132,7 @@ private:
         const HWND focus = GetFocus();
         enable(IDC_RENAME, row >= 0);
         enable(IDC_REMOVE, row >= 0);
+        enable(IDC_REMOVE_ALL, !m_all.items().empty());
         enable(IDC_MOVE_UP, row > 0);
         enable(IDC_MOVE_DOWN, row >= 0 && row + 1 < static_cast<int>(m_all.items().size()));
         if (focus != nullptr && IsWindowEnabled(focus) == FALSE) {

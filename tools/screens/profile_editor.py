@@ -1,6 +1,6 @@
-"""Profiles are renamed, moved, reloaded and removed; the host keeps them for its next start."""
+"""Profiles are renamed, moved, reloaded, removed one by one and all at once; the host keeps them for its next start."""
 
-from screen_bar import SYMBOL, write_profiles
+from screen_bar import LIMIT, SET_UP, SYMBOL, TYPE, TYPES, write_profiles
 
 PROFILES, NAME = 1101, 1103
 REMOVE, RENAME, MOVE_UP, MOVE_DOWN, RELOAD = 1105, 1106, 1107, 1108, 1109
@@ -61,4 +61,39 @@ def play(stage):
 
     again = stage.open("again")
     again.wait("the tabs of the last run", lambda: tab_names(again) == ["Beta", "Gamma"])
+    remove_all(again)
     again.leave()
+
+
+def remove_all(bar):
+    """All profiles go at once, or none does."""
+    bar.select_tab("Gamma")
+    bar.choose_instrument("KO")
+    bar.choose(TYPE, TYPES["limit"].text)
+    bar.type_over(LIMIT, "50")
+    bar.place("buy")
+    bar.key("ctrl+shift+p")
+    bar.dialog("Trading profiles")
+    bar.key("alt+e")
+    assert bar.message() == "Remove all profiles (2)?", bar.message()
+    bar.picture("all-asked")
+    bar.answer()
+    assert names(bar) == ["Beta", "Gamma"], "Enter takes the answer that loses nothing"
+    bar.key("alt+e")
+    bar.message()
+    bar.answer("alt+y")
+    bar.dialog("Disconnect?")
+    bar.key("Escape")
+    bar.dialog("Trading profiles")
+    assert names(bar) == tab_names(bar) == ["Beta", "Gamma"], "who keeps an order keeps all profiles"
+    bar.key("alt+e")
+    bar.message()
+    bar.answer("alt+y")
+    bar.dialog("Disconnect?")
+    bar.key("alt+d")
+    bar.wait("no profile", lambda: names(bar) == [] and tab_names(bar) == [])
+    bar.dialog("Trading profiles")
+    bar.picture("all-removed")
+    bar.key("Escape")
+    bar.wait_without_dialog("Trading profiles")
+    assert bar.control(SET_UP, "Button")["text"] == "設定經紀商"
