@@ -109,6 +109,9 @@ void dialog::set_rows(int id, const std::vector<std::vector<std::string>>& rows)
             SendMessageW(list, LVM_SETITEMTEXTW, row, reinterpret_cast<LPARAM>(&entry));
         }
     }
+    // The last column takes what room the rows leave.
+    ListView_SetColumnWidth(list, Header_GetItemCount(ListView_GetHeader(list)) - 1,
+                            LVSCW_AUTOSIZE_USEHEADER);
     SendMessageW(list, WM_SETREDRAW, TRUE, 0);
     m_filling = false;
     InvalidateRect(list, nullptr, TRUE);

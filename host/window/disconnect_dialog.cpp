@@ -14,11 +14,11 @@ public:
 
 private:
     void on_init() override {
-        const std::string count =
-            m_live.size() == 1 ? "1 live order" : std::to_string(m_live.size()) + " live orders";
-        set_text(IDC_QUESTION, m_profile + " has " + count +
-                                   ". They stay at the exchange, but this application can't cancel them "
-                                   "until the profile is connected again.");
+        const bool single = m_live.size() == 1;
+        const std::string count = single ? "1 live order" : std::to_string(m_live.size()) + " live orders";
+        set_text(IDC_QUESTION, m_profile + " has " + count + (single ? ". It stays" : ". They stay") +
+                                   " at the exchange, but this application can't cancel " +
+                                   (single ? "it" : "them") + " until the profile is connected again.");
         add_columns(IDC_LIVE_ORDERS, {{"Order", 240}, {"Account", 100}, {"Status", 76}});
         std::vector<std::vector<std::string>> rows;
         for (const order& one : m_live) {
