@@ -2,10 +2,9 @@
 
 #include "charting/orderdeck/src/window/AskBidButtonImpl.h"
 #include "charting/orderdeck/src/window/LadderColours.h"
-#include "charting/orderdeck/src/window/RangeImages.h"
 #include "charting/orderdeck/src/window/WindowText.h"
 #include "tests/buttons/button_fixture.h"
-#include "unicomp/wtlcontrols/buttonst/ButtonSTRendererEx.h"
+#include "tests/desktop/foreign_process.h"
 
 namespace {
 
@@ -264,6 +263,42 @@ TEST_F(RangeBarWindow, StaysWhenItsWindowIsNoLongerTheActiveOne) {
     EXPECT_TRUE(IsWindowVisible(bar()));
 }
 
+TEST_F(RangeBarWindow, TheLossOfTheFocusIsItsOwnAffair) {
+    open();
+    RangeBar& ladder_window = button.get_RangeBar();
+    LRESULT result = 7;
+    EXPECT_TRUE(ladder_window.ProcessWindowMessage(bar(), WM_KILLFOCUS, 0, 0, result, 0));
+    EXPECT_EQ(result, 0);
+    EXPECT_FALSE(ladder_window.ProcessWindowMessage(bar(), WM_SETFOCUS, 0, 0, result, 0));
+    send(WM_MOUSEMOVE, 0, MAKELPARAM(10, y_of(1)));
+    ASSERT_EQ(GetFocus(), bar());
+    SetFocus(window);
+    pump();
+    EXPECT_TRUE(IsWindowVisible(bar()));
+    EXPECT_TRUE(IsWindowEnabled(bar()));
+    EXPECT_TRUE(owner.focused.empty());
+}
+
+TEST_F(RangeBarWindow, AnotherApplicationThatComesToTheFrontHidesIt) {
+    const test::foreign_process other(L"top");
+    ASSERT_NE(other.top_window(), nullptr);
+    ShowWindow(other.top_window(), SW_SHOWNA);
+    SetForegroundWindow(owner.hwnd());
+    open();
+    owner.focused.clear();
+    SetForegroundWindow(other.top_window());
+    const ULONGLONG end = GetTickCount64() + 20000;
+    while (IsWindowVisible(bar()) && GetTickCount64() < end) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 1000, QS_ALLINPUT);
+        pump();
+    }
+    closed();
+    EXPECT_EQ(owner.focused, std::vector<HWND>{window});
+    SetForegroundWindow(owner.hwnd());
+    pump();
+    closed();
+}
+
 TEST_F(RangeBarWindow, GrowsForALongPriceAndForgetsItWithTheSymbol) {
     button.SetQuotes(123456789.25, 1.0);
     button.Redraw();
@@ -330,68 +365,6 @@ TEST_F(RangeBarWindow, ADisabledButtonSaysWhatItWouldShow) {
     button.Redraw();
     EXPECT_FALSE(IsWindowEnabled(window));
     EXPECT_EQ(face(), GetSysColor(COLOR_BTNFACE));
-}
-
-TEST(RangeImages, AreSixSixteenHighAndAsWideAsTheBar) {
-    const HIMAGELIST images = make_range_images(nullptr, 40, 12);
-    int width = 0;
-    int height = 0;
-    ImageList_GetIconSize(images, &width, &height);
-    EXPECT_EQ(width, 40);
-    EXPECT_EQ(height, 16);
-    EXPECT_EQ(ImageList_GetImageCount(images), 6);
-    ImageList_Destroy(images);
-}
-
-class arrow_canvas {
-public:
-    arrow_canvas() {
-        const HDC screen = GetDC(nullptr);
-        m_dc = CreateCompatibleDC(screen);
-        m_bitmap = CreateCompatibleBitmap(screen, 5, 5);
-        ReleaseDC(nullptr, screen);
-        m_old = SelectObject(m_dc, m_bitmap);
-        PatBlt(m_dc, 0, 0, 5, 5, WHITENESS);
-    }
-    ~arrow_canvas() {
-        SelectObject(m_dc, m_old);
-        DeleteObject(m_bitmap);
-        DeleteDC(m_dc);
-    }
-    arrow_canvas(const arrow_canvas&) = delete;
-    arrow_canvas& operator=(const arrow_canvas&) = delete;
-
-    std::vector<std::string> draw(bool up) const {
-        WTLControls::DrawArrow(m_dc, {0, 0, 5, 5}, RGB(50, 50, 50), up);
-        std::vector<std::string> lines;
-        for (int y = 0; y < 5; ++y) {
-            std::string line;
-            for (int x = 0; x < 5; ++x) {
-                line += GetPixel(m_dc, x, y) == RGB(50, 50, 50) ? '#' : '.';
-            }
-            lines.push_back(line);
-        }
-        return lines;
-    }
-
-private:
-    HDC m_dc;
-    HBITMAP m_bitmap;
-    HGDIOBJ m_old;
-};
-
-TEST(DrawArrow, IsATriangleWithItsFlatSideAwayFromItsPoint) {
-    EXPECT_EQ(arrow_canvas().draw(true),
-              (std::vector<std::string>{".....", "..#..", ".###.", "#####", "....."}));
-    EXPECT_EQ(arrow_canvas().draw(false),
-              (std::vector<std::string>{".....", "#####", ".###.", "..#..", "....."}));
-}
-
-TEST(DrawArrow, ReportsASurfaceThatIsNone) {
-    diagnostics_recorder reports;
-    WTLControls::DrawArrow(nullptr, {0, 0, 5, 5}, 0, true);
-    ASSERT_EQ(reports.assertions().size(), 1u);
-    EXPECT_EQ(reports.assertions()[0].description, L"hDC");
 }
 
 }  // namespace
