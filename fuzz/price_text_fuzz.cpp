@@ -1,13 +1,15 @@
 // Typed prices: any text under any code and locale, and back again.
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 
+#include "fuzz/input.h"
 #include "platform/posix/icu_number_locale.h"
 #include "unicomp/FormatUtil/interface/LocaleNumberFormat.h"
 #include "unicomp/FormatUtil/interface/PriceScale.h"
 
 namespace {
+
+using fuzz::require;
 
 // A locale of ICU's under any of the five negative forms.
 class fuzzed_locale final : public platform::number_locale {
@@ -42,22 +44,6 @@ fuzzed_locale& locale_of(std::uint8_t choice) {
     return result;
 }
 
-// Bytes as characters; the upper ones stand for those that a price may hold and ASCII does not have.
-CString text_of_bytes(const std::uint8_t* data, std::size_t size) {
-    const wchar_t others[] = {0xA0, 0x202F, 0x3000, 0x0663, 0x2212, 0x20AC, 0x1F4B0};
-    CString text;
-    for (std::size_t i = 0; i < size; ++i) {
-        text += data[i] < 128 ? static_cast<wchar_t>(data[i]) : others[data[i] % std::size(others)];
-    }
-    return text;
-}
-
-void require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
-
 void check_shown_again(const CPriceScale& scale, double value, const CString& shown, LONG multiple) {
     constexpr double largest_on_grid = 9e9;
     constexpr double most_exact_steps = 1e12;
@@ -81,7 +67,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const LONG multiple = data[1];
     const platform::port<platform::number_locale>::replacement replacement(locale_of(data[2]));
     locale_records::read_again();
-    const CString text = text_of_bytes(data + header, size - header);
+    const CString text = fuzz::text_of(fuzz::bytes(data, size).subspan(header));
 
     constexpr double untouched = -77.25;
     double value = untouched;
