@@ -31,7 +31,8 @@ const std::vector<gap>& gaps() {
 // What has to be seen: each window's target, how far it still is from it, and which fields wait.
 class told_row {
 public:
-    explicit told_row(const window_tests::fake_layout_panel& start) : m_start(start.windows) {}
+    explicit told_row(const window_tests::fake_layout_panel& panel)
+        : m_panel(panel), m_start(panel.windows) {}
 
     void change(const gap& which, bool hide, bool animate) {
         if (hide == m_hidden.contains(which.bit)) {
@@ -48,7 +49,7 @@ public:
             m_waiting.insert(which.bit);
         }
         const bool seen = std::any_of(m_left.begin(), m_left.end(), [&](const auto& each) {
-            return each.second != 0 && is_visible(each.first);
+            return each.second != 0 && m_panel.panel_visible && is_visible(each.first);
         });
         if (!animate || !seen) {
             end();
@@ -66,6 +67,8 @@ public:
         }
     }
 
+    // The windows that the slide under way moves, those that have come back to their place among them.
+    std::size_t get_moved() const { return m_left.size(); }
     bool is_sliding() const {
         return std::any_of(m_left.begin(), m_left.end(), [](const auto& each) { return each.second != 0; });
     }
@@ -92,41 +95,87 @@ private:
         m_waiting.clear();
     }
 
+    const window_tests::fake_layout_panel& m_panel;
     std::map<int, window_tests::fake_layout_panel::place> m_start;
     std::map<int, int> m_left;
     std::set<OD_UpdateEntity> m_hidden;
     std::set<OD_UpdateEntity> m_waiting;
 };
 
-TEST(CtrlsLayoutProperty, EveryStepOfEverySlideIsWhereItIsTold) {
+class CtrlsLayoutProperty : public testing::Test {
+protected:
+    // A change of one field by a user or a program.
+    void change() {
+        const gap& which = gaps().at(random() % 3);
+        field.hidden = random() % 2 == 0;
+        const bool animate = random() % 8 != 0;
+        reversed += row.is_sliding() ? 1 : 0;
+        layout.Update(which.bit, field, animate);
+        row.change(which, field.hidden, animate);
+    }
+
+    void tick() {
+        ++ticks;
+        const bool slides = row.is_sliding();
+        const std::size_t moved = row.get_moved();
+        layout.OnTimer(&layout);
+        if (slides) {
+            row.tick();
+            EXPECT_EQ(panel.batches, std::vector<std::size_t>{moved}) << "all windows of a step in one batch";
+            EXPECT_EQ(panel.announced, static_cast<int>(moved));
+        } else {
+            EXPECT_TRUE(panel.events.empty()) << "nothing slides";
+        }
+    }
+
+    // At most one batch, and a timer only where there is none and somebody sees a slide.
+    void expect_thrifty(bool had_timer) {
+        EXPECT_LE(panel.batches.size(), 1U);
+        const bool starts = panel.timers_started != 0;
+        EXPECT_LE(panel.timers_started, 1);
+        EXPECT_FALSE(starts && (had_timer || !panel.panel_visible));
+        EXPECT_FALSE(starts && !panel.batches.empty()) << "a slide starts with its first tick";
+    }
+
+    void expect_told_row() {
+        for (const auto& [item, window] : panel.windows) {
+            EXPECT_EQ(row.x(item), window.x) << item;
+            EXPECT_EQ(row.is_visible(item), window.visible) << item;
+        }
+        EXPECT_EQ(row.is_sliding(), panel.timer != nullptr);
+    }
+
     window_tests::fake_layout_panel panel;
     window_tests::fake_field field;
-    CCtrlsLayout layout(panel);
-    layout.Build();
-    told_row row(panel);
-    std::mt19937 random(4711);
+    CCtrlsLayout layout{panel};
+    told_row row{panel};
+    std::mt19937 random{4711};
     unsigned reversed = 0;
-    for (int round = 0; round < 20000; ++round) {
+    unsigned ticks = 0;
+    unsigned unseen = 0;
+};
+
+TEST_F(CtrlsLayoutProperty, EveryStepOfEverySlideIsWhereItIsTold) {
+    layout.Build();
+    for (int round = 0; round < 20000 && !HasFailure(); ++round) {
+        SCOPED_TRACE(round);
+        const bool had_timer = panel.timer != nullptr;
+        panel.forget();
+        if (random() % 16 == 0) {
+            panel.panel_visible = !panel.panel_visible;
+        }
+        unseen += panel.panel_visible ? 0 : 1;
         if (random() % 4 != 0) {
-            layout.OnTimer(&layout);
-            if (row.is_sliding()) {
-                row.tick();
-            }
+            tick();
         } else {
-            const gap& which = gaps().at(random() % 3);
-            field.hidden = random() % 2 == 0;
-            const bool animate = random() % 8 != 0;
-            reversed += row.is_sliding() ? 1 : 0;
-            layout.Update(which.bit, field, animate);
-            row.change(which, field.hidden, animate);
+            change();
         }
-        for (const auto& [item, window] : panel.windows) {
-            ASSERT_EQ(row.x(item), window.x) << "round " << round << " item " << item;
-            ASSERT_EQ(row.is_visible(item), window.visible) << "round " << round << " item " << item;
-        }
-        ASSERT_EQ(row.is_sliding(), panel.timer != nullptr) << "round " << round;
+        expect_thrifty(had_timer);
+        expect_told_row();
     }
     EXPECT_GT(reversed, 1000U) << "changes within slides are what this is about";
+    EXPECT_GT(ticks, 10000U);
+    EXPECT_GT(unseen, 5000U);
 }
 
 }  // namespace

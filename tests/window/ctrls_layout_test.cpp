@@ -1,50 +1,16 @@
-#include "charting/orderdeck/src/window/CtrlsLayout.h"
-
-#include <gtest/gtest.h>
+#include "tests/window/ctrls_layout_fixture.h"
 
 #include <random>
 #include <set>
 
-#include "tests/window/fake_fields.h"
-#include "tests/window/fake_layout_panel.h"
-
 namespace {
 
 using namespace OV_OrderDeck;
-using window_tests::fake_field;
-using window_tests::fake_layout_panel;
+using window_tests::date_shift;
+using window_tests::first_shift;
+using window_tests::second_shift;
 
-// Offsets of the made-up row: 70 + 18 + 5, 64 + 18 + 5, 96 + 7.
-constexpr int first_shift = 93;
-constexpr int second_shift = 87;
-constexpr int date_shift = 103;
-
-class CtrlsLayout : public testing::Test {
-protected:
-    void SetUp() override { layout.Build(); }
-
-    void put(OD_UpdateEntity bit, bool hidden, bool animate) {
-        field.hidden = hidden;
-        layout.Update(bit, field, animate);
-    }
-
-    int x(int item) const { return panel.windows.at(item).x; }
-    bool visible(int item) const { return panel.windows.at(item).visible; }
-
-    // Runs the timer until the layout stops it and gives the number of ticks.
-    int run_slide() {
-        int ticks = 0;
-        while (panel.timer != nullptr) {
-            layout.OnTimer(&layout);
-            ++ticks;
-        }
-        return ticks;
-    }
-
-    fake_layout_panel panel;
-    fake_field field;
-    CCtrlsLayout layout{panel};
-};
+class CtrlsLayout : public window_tests::layout_test {};
 
 TEST_F(CtrlsLayout, HidingTheFirstPriceMovesAllToItsRightByItsWidthAndItsSpins) {
     const auto before = panel.windows;
@@ -257,41 +223,6 @@ TEST_F(CtrlsLayout, OffsetsStayThoseOfTheFirstLayout) {
     const int before = x(225);
     put(eODUE_FirstPrice, true, false);
     EXPECT_EQ(x(225), before - first_shift);
-}
-
-TEST_F(CtrlsLayout, ABatchThatCannotBeMadeRaisesAndIsNotLostForTheNextUpdate) {
-    const int before = x(225);
-    panel.fail_begin = true;
-    EXPECT_THROW(put(eODUE_FirstPrice, true, false), _com_error);
-    panel.fail_begin = false;
-    put(eODUE_GtdDate, true, false);
-    EXPECT_EQ(x(225), before - first_shift - date_shift);
-}
-
-TEST_F(CtrlsLayout, AMoveThatFailsRaisesAComError) {
-    panel.fail_move_after = 3;
-    try {
-        put(eODUE_FirstPrice, true, false);
-        FAIL() << "nothing raised";
-    } catch (const _com_error& error) {
-        EXPECT_EQ(error.Error(), E_FAIL);
-    }
-}
-
-TEST_F(CtrlsLayout, AStepThatFailsRaisesAComError) {
-    put(eODUE_FirstPrice, true, true);
-    panel.fail_begin = true;
-    EXPECT_THROW(layout.OnTimer(&layout), _com_error);
-    panel.fail_begin = false;
-    panel.fail_move_after = 0;
-    EXPECT_THROW(layout.OnTimer(&layout), _com_error);
-}
-
-TEST_F(CtrlsLayout, AnEndThatFailsStillEndsTheSlide) {
-    panel.fail_end = true;
-    put(eODUE_FirstPrice, true, false);
-    put(eODUE_FirstPrice, false, false);
-    EXPECT_TRUE(visible(214));
 }
 
 // Any order of changes and ticks comes to rest where the hidden fields say, whatever the way there.

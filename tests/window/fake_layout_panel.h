@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <map>
+#include <string>
 #include <vector>
 
 #include "charting/orderdeck/src/window/CtrlsLayout.h"
@@ -35,6 +36,8 @@ public:
     UINT period = 0;
     // Windows moved by each batch that was ended.
     std::vector<std::size_t> batches;
+    // What was asked of the windows, in order.
+    std::vector<std::string> events;
 
     HWND get_Item(int item) override { return reinterpret_cast<HWND>(static_cast<std::intptr_t>(item)); }
     RECT get_ItemRect(HWND window) override {
@@ -42,20 +45,26 @@ public:
         return {at.x, at.y, at.x + at.width, at.y + 20};
     }
     bool IsItemVisible(HWND window) override { return panel_visible && of(window).visible; }
-    void ShowItem(HWND window, bool visible) override { of(window).visible = visible; }
+    void ShowItem(HWND window, bool visible) override {
+        of(window).visible = visible;
+        note(visible ? "show " : "hide ", item_of(window));
+    }
     void StartTimer(const void* id, UINT milliseconds) override {
         ++timers_started;
+        note("timer ", static_cast<int>(milliseconds));
         timer = id;
         period = milliseconds;
     }
     void StopTimer(const void* id) override {
         ++timers_stopped;
+        events.emplace_back("stop");
         if (timer == id) {
             timer = nullptr;
         }
     }
     void* BeginMoves(int count) override {
         announced = count;
+        note("begin ", count);
         m_batch.clear();
         return fail_begin ? nullptr : &m_batch;
     }
@@ -67,6 +76,7 @@ public:
         return batch;
     }
     bool EndMoves(void*) override {
+        note("end ", static_cast<int>(m_batch.size()));
         batches.push_back(m_batch.size());
         for (const auto& each : m_batch) {
             of(each.moved).x = each.x;
@@ -76,9 +86,19 @@ public:
     }
 
     void Repaint() override {
+        events.emplace_back("repaint");
         for (const auto& [item, window] : windows) {
             visible_at_repaint[item] = window.visible;
         }
+    }
+
+    // Starts the counts and notes anew; windows and timer stay.
+    void forget() {
+        timers_started = 0;
+        timers_stopped = 0;
+        announced = -1;
+        batches.clear();
+        events.clear();
     }
 
     // As it was when the panel was last drawn anew; empty before.
@@ -92,7 +112,9 @@ private:
         int y;
     };
 
-    place& of(HWND window) { return windows.at(static_cast<int>(reinterpret_cast<std::intptr_t>(window))); }
+    static int item_of(HWND window) { return static_cast<int>(reinterpret_cast<std::intptr_t>(window)); }
+    place& of(HWND window) { return windows.at(item_of(window)); }
+    void note(const char* what, int number) { events.push_back(what + std::to_string(number)); }
 
     std::vector<move> m_batch;
 };
