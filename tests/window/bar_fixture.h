@@ -69,19 +69,35 @@ public:
     std::map<OV_OrderDeck::OD_UpdateEntity, boost::shared_ptr<OV_OrderDeck::IUnifyControl>> fields;
     // Bits that were asked for, in order.
     std::vector<unsigned> asked;
+    // Which of profile, name and id the bar came for, in order.
+    std::vector<std::string> calls;
+    // Runs when the tab is told its id.
+    std::function<void(LONG)> when_told_id;
 
     // A plain field; not the symbol and not the quotes.
     fake_field& field(OV_OrderDeck::OD_UpdateEntity entity);
     // The host says so, and the profile's wrapper knows.
     void become(ETM_ConnectionChanged state);
 
-    void get_Name(CString& out) override { out = name; }
-    void put_Id(LONG new_id) override { id = new_id; }
+    void get_Name(CString& out) override {
+        calls.emplace_back("name");
+        out = name;
+    }
+    void put_Id(LONG new_id) override;
     LONG get_Id() override { return id; }
     void SetContent(const boost::shared_ptr<OV_OrderDeck::ITabCtrl>&) override {}
     bool get_GradientColors(COLORREF& from, COLORREF& to) override;
     boost::shared_ptr<OV_OrderDeck::IUnifyControl> get_Control(OV_OrderDeck::OD_UpdateEntity entity) override;
-    com_ptr<OV_OrderDeck::CProfileWrap> get_Profile() override { return profile; }
+    com_ptr<OV_OrderDeck::CProfileWrap> get_Profile() override {
+        calls.emplace_back("profile");
+        return profile;
+    }
+
+    // The lowest id that a tab of this process was told; 0 before the first.
+    static LONG lowest_id() { return s_lowest_id; }
+
+private:
+    inline static LONG s_lowest_id = 0;
 };
 
 class counting_owner final : public OV_OrderDeck::IBarOwner {

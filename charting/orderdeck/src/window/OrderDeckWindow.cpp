@@ -150,11 +150,7 @@ frame::answer COrderDeckWindow::OnBnClicked() {
     CGlobalData global;
     const auto command = platform::query<IOD_ProfileCmd>(global->create_command(eODC_ProfileEditor));
     BS_REQUIRE(command, E_POINTER);
-    VARIANT_BOOL bEnabled = VARIANT_FALSE;
-    BS_ASSERT_OK(command->get_Enabled(&bEnabled));
-    if (BS_ASSERT(bEnabled)) {
-        BS_ASSERT_OK(command->Execute());
-    }
+    run_if_enabled(*command);
     return 0;
 }
 

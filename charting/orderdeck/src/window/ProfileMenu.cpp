@@ -64,4 +64,12 @@ void run_profile_menu(HWND owner, POINT at, const com_ptr<CProfileWrap>& profile
     }
 }
 
+void run_if_enabled(IOD_ProfileCmd& command) {
+    VARIANT_BOOL bEnabled = VARIANT_FALSE;
+    BS_ASSERT_OK(command.get_Enabled(&bEnabled));
+    if (BS_ASSERT(bEnabled)) {
+        BS_ASSERT_OK(command.Execute());
+    }
+}
+
 }  // namespace OV_OrderDeck

@@ -23,4 +23,7 @@ void _append_menu_item(UINT kind, const com_ptr<CProfileWrap>& profile, HMENU me
 // _com_error when there can be no menu.
 void run_profile_menu(HWND owner, POINT at, const com_ptr<CProfileWrap>& profile);
 
+// Runs a command that is usable. That it can't tell, is not usable or fails is reported and nothing more.
+void run_if_enabled(IOD_ProfileCmd& command);
+
 }  // namespace OV_OrderDeck
