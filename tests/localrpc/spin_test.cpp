@@ -1,4 +1,5 @@
-// How often a synchronous call's waiter yields before it blocks.
+// Who yields instead of waiting, and how often: the waiter of a synchronous call before it blocks, and a
+// writer until the readers are out.
 #include <dlfcn.h>
 #include <sched.h>
 
@@ -6,6 +7,7 @@
 
 namespace {
 
+using LocalRPC::details::CStateLock;
 using LocalRPC::details::CSyncTaskEvent;
 
 thread_local bool counting = false;
@@ -69,6 +71,33 @@ TEST(Spin, ACallThatEndsInTheLastPassIsFoundByTheBlockingWait) {
     });
     EXPECT_EQ(event.Wait(INFINITE, 0), WAIT_OBJECT_0);
     EXPECT_EQ(event.m_handle.Wait(0), WAIT_TIMEOUT);
+}
+
+// Opens what is protected.
+struct open_lock final : CStateLock {
+    using CStateLock::m_counter;
+};
+
+TEST(Spin, AWriterYieldsUntilTheReaderIsOut) {
+    open_lock lock;
+    lock.LockRead();
+    const yield_count count([&] {
+        if (yields == 3) {
+            lock.UnlockRead();
+        }
+    });
+    lock.LockWrite();
+    EXPECT_EQ(yields, 3);
+    lock.UnlockWrite();
+    EXPECT_EQ(lock.m_counter, 0);
+}
+
+TEST(Spin, AWriterAloneCostsNoYield) {
+    CStateLock lock;
+    const yield_count count;
+    lock.LockWrite();
+    EXPECT_EQ(yields, 0);
+    lock.UnlockWrite();
 }
 
 }  // namespace

@@ -169,7 +169,7 @@ TEST(SyncTaskEvent, AClosedHandleIsReportedAndTheStateIsSetAllTheSame) {
     EXPECT_EQ(descriptions(recorder), std::vector<std::wstring>{L"1==_res"});
 }
 
-TEST(MTUEvent, IsNotSignalledAtFirstAndSetsItsWordBeforeTheEvent) {
+TEST(MTUEvent, IsNotSignalledAtFirstAndTellsItsWordToWhoeverItWakes) {
     MTUtils::CMTUEvent event(platform::event::reset_mode::automatic, 5);
     EXPECT_EQ(event.GetState(), 5);
     EXPECT_EQ(event.Wait(0), WAIT_TIMEOUT);

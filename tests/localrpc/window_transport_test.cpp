@@ -262,6 +262,37 @@ TEST_F(WindowTransport, AStopOfAnotherThreadEndsTheWindowOnItsOwn) {
     EXPECT_EQ(where, platform::current_thread_id());
 }
 
+TEST_F(WindowTransport, TheWindowAsksForTheEndOfItsTimerThenRunsTasksAndIsGoneThen) {
+    std::vector<std::pair<UINT, WPARAM>> queued;
+    EXPECT_TRUE(m_pump->Execute(CreateAsyncTask([&] {
+        for (MSG message; platform::peek_message(message);) {
+            queued.emplace_back(message.message, message.wParam);
+        }
+    })));
+    EXPECT_TRUE(m_pump->StopEx(false, INFINITE, true));
+    EXPECT_EQ(queued, (std::vector<std::pair<UINT, WPARAM>>{{1025, 0}, {1027, 0}}));
+}
+
+// Stops only when told to.
+struct stubborn_pump final : CWndMsgPump {
+    bool stubborn = true;
+    bool StopEx(bool discard, DWORD timeout, bool disable) override {
+        return !stubborn && CWndMsgPump::StopEx(discard, timeout, disable);
+    }
+};
+
+TEST_F(WindowTransport, StartOfOneThatDoesNotStopIsRefused) {
+    const boost::intrusive_ptr<stubborn_pump> pump(new stubborn_pump);
+    EXPECT_TRUE(pump->Start());
+    pump->DisableTasks(false);
+    EXPECT_FALSE(pump->Start());
+    EXPECT_TRUE(pump->IsTasksDisabled()) << "nothing was begun anew";
+    pump->stubborn = false;
+    EXPECT_TRUE(pump->Start());
+    EXPECT_FALSE(pump->IsTasksDisabled());
+    pump->Stop(true, true);
+}
+
 TEST_F(WindowTransport, AStopInsideATaskHoldsTheQueueBack) {
     EXPECT_TRUE(m_pump->Execute(CreateAsyncTask([this] {
         post("left");
@@ -341,11 +372,18 @@ TEST_F(WindowTransport, TheTimerRunsTasksUntilItIsTakenAway) {
     gate ran;
     EXPECT_TRUE(m_pump->Execute(CreateAsyncTask([&] { ran.open(); })));
     EXPECT_EQ(take_wake_ups(), 1);
-    handle_messages_until(ran);
-    EXPECT_TRUE(window.ProcessWindowMessage(1027, 0, 0, 0));
-    handle_messages();
     platform::event never;
     ASSERT_TRUE(never.Create(platform::event::reset_mode::automatic));
+    MSG message{};
+    while (!platform::peek_message(message)) {
+        platform::wait_for_event_or_message(never, INFINITE, false);
+    }
+    EXPECT_EQ(message.message, 275u);
+    EXPECT_EQ(message.wParam, 0u);
+    platform::dispatch_message(message);
+    EXPECT_TRUE(ran.is_open());
+    EXPECT_TRUE(window.ProcessWindowMessage(1027, 0, 0, 0));
+    handle_messages();
     EXPECT_EQ(platform::wait_for_event_or_message(never, 30, false), WAIT_TIMEOUT);
 }
 

@@ -5,7 +5,8 @@
 #include <thread>
 #include <vector>
 
-#include "platform/com.h"
+#include "platform/com_create.h"
+#include "platform/com_object.h"
 #include "platform/posix/com/apartment.h"
 #include "tests/platform/counted_object.h"
 
@@ -37,6 +38,31 @@ TEST(NativeApartment, ApartmentsHaveTheirIds) {
         EXPECT_EQ(posix_com::current_apartment(), posix_com::k_multithreaded);
         CoUninitialize();
     }).join();
+}
+
+// Makes nothing, and says so in its own way.
+class refusing_factory : public platform::com_root<IClassFactory> {
+public:
+    STDMETHODIMP CreateInstance(IUnknown*, REFIID, void**) override { return E_ABORT; }
+    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+};
+
+TEST(NativeApartment, AnObjectIsCreatedInWhateverContextItsClassRunsIn) {
+    constexpr CLSID k_class = {0x6e1f9c42, 0x83d0, 0x4ab5, {0xb7, 0x21, 0x0d, 0x5e, 0xf4, 0x98, 0x3a, 0x6c}};
+    const auto factory = platform::make_com<refusing_factory>();
+    CoInitialize(nullptr);
+    com_ptr<IUnknown> made;
+    EXPECT_EQ(platform::create_running(k_class, made), REGDB_E_CLASSNOTREG);
+    for (const int context :
+         {CLSCTX_INPROC_SERVER, CLSCTX_INPROC_HANDLER, CLSCTX_LOCAL_SERVER, CLSCTX_REMOTE_SERVER}) {
+        DWORD cookie = 0;
+        ASSERT_EQ(CoRegisterClassObject(k_class, factory->GetUnknown(), static_cast<DWORD>(context),
+                                        REGCLS_MULTIPLEUSE, &cookie),
+                  S_OK);
+        EXPECT_EQ(platform::create_running(k_class, made), E_ABORT) << context;
+        EXPECT_EQ(CoRevokeClassObject(cookie), S_OK);
+    }
+    CoUninitialize();
 }
 
 TEST(NativeApartment, AClassIsSeenFromEveryThread) {

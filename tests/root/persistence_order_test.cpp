@@ -59,6 +59,17 @@ TEST_F(PersistenceOrder, TheOldListIsDeletedBeforeTheNewOneIsWritten) {
             L"create_key " + profiles + L"\\Gamma 2001f", L"set_value Connected"}));
 }
 
+TEST_F(PersistenceOrder, ASecondLifeOfARootRestoresToo) {
+    remember({L"Alpha", true, 0, L""});
+    closing_host bar;
+    bar.add_profile(L"Alpha");
+    ASSERT_EQ(bar.create(), S_OK);
+    ASSERT_EQ(bar.root->Destroy(), S_OK);
+    EXPECT_THAT(restored(bar), ElementsAre());
+    ASSERT_EQ(bar.create(), S_OK);
+    EXPECT_THAT(restored(bar), ElementsAre("connect \"Alpha\""));
+}
+
 TEST_F(PersistenceOrder, AListOfNoProfilesLeavesTheKeyEmpty) {
     remember({L"Old", true, 0, L""});
     closing_host bar;
