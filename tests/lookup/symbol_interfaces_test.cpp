@@ -1,31 +1,17 @@
 // What hosts rely on in binary form: ids, numbers and slots of the interfaces to their symbols.
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 #include "OrderDeck.h"
-#include "platform/com.h"
+#include "tests/support/interface_order.h"
 
 namespace {
 
-template <class Interface>
-bool has_id(const wchar_t* text) {
-    IID id{};
-    return SUCCEEDED(IIDFromString(text, &id)) && IsEqualIID(id, __uuidof(Interface));
-}
+using test::has_id;
+using test::place;
 
 bool is(const GUID& guid, const wchar_t* text) {
     GUID id{};
     return SUCCEEDED(CLSIDFromString(text, &id)) && IsEqualGUID(id, guid);
-}
-
-// The place of an operation in its interface's order, counted from 1 with the three of IUnknown. A
-// pointer to a virtual operation holds one more than the offset in the table on both systems.
-template <class Operation>
-std::size_t place(Operation operation) {
-    std::size_t offset = 0;
-    std::memcpy(&offset, &operation, sizeof offset);
-    return (offset - 1) / sizeof(void*) + 1;
 }
 
 TEST(SymbolInterfaces, HaveTheirFixedIds) {

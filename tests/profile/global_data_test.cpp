@@ -1,42 +1,16 @@
 #include "charting/orderdeck/src/root/GlobalData.h"
 
-#include <new>
-
 #include "charting/orderdeck/src/root/ProfileCommands.h"
 #include "tests/profile/profile_fixture.h"
-
-namespace {
-
-// Makes the next allocations fail that ask for no exception.
-class no_memory {
-public:
-    no_memory() { s_active = true; }
-    ~no_memory() { s_active = false; }
-    no_memory(const no_memory&) = delete;
-    no_memory& operator=(const no_memory&) = delete;
-    static bool active() { return s_active; }
-
-private:
-    inline static thread_local bool s_active = false;
-};
-
-}  // namespace
-
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    if (no_memory::active()) {
-        return nullptr;
-    }
-    try {
-        return ::operator new(size);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
+#include "tests/support/last_words.h"
+#include "tests/support/no_memory.h"
 
 namespace {
 
 using OV_OrderDeck::CGlobalData;
 using OV_OrderDeck::CGlobalDataImpl;
+using test::last_words;
+using test::no_memory;
 using testing::ElementsAre;
 
 class GlobalData : public test::profile_test {
@@ -89,19 +63,6 @@ TEST_F(GlobalData, GettersCountAndSettersReleaseWhatTheyReplace) {
     EXPECT_EQ(references(center), before);
     EXPECT_FALSE(global->get_Center());
 }
-
-// An object that says when it goes.
-template <class Base>
-class last_words : public Base {
-public:
-    last_words(test::fake_host host, std::string words)
-        : Base(host), m_host(host), m_words(std::move(words)) {}
-    ~last_words() override { m_host.note(m_words); }
-
-private:
-    test::fake_host m_host;
-    std::string m_words;
-};
 
 TEST_F(GlobalData, EndsWithTheProfilesThenTheCentreThenTheCommandSink) {
     {

@@ -1,15 +1,13 @@
 // What hosts rely on in binary form: ids of interfaces and the order of their operations.
+#include "OrderDeck.h"
 #include "tests/profile/command_fixture.h"
+#include "tests/support/interface_order.h"
 
 namespace {
 
+using test::has_id;
+using test::place;
 using testing::ElementsAre;
-
-template <class Interface>
-bool has_id(const wchar_t* text) {
-    IID id{};
-    return SUCCEEDED(IIDFromString(text, &id)) && IsEqualIID(id, __uuidof(Interface));
-}
 
 // The operation in a slot of an object's table, counted from 0 for QueryInterface.
 template <class Operation>
@@ -24,6 +22,12 @@ using bool_out = HRESULT(STDMETHODCALLTYPE*)(IUnknown*, VARIANT_BOOL*);
 using text_in = HRESULT(STDMETHODCALLTYPE*)(IUnknown*, BSTR);
 
 TEST(HostInterfaces, HaveTheirFixedIds) {
+    EXPECT_TRUE(has_id<ISWUnifyAccess>(L"{ae6fb339-1c79-44fc-bd93-3eb4b9f1531a}"));
+    EXPECT_TRUE(has_id<IOD_BrokerProfiles>(L"{a853b1c7-94e5-4b4e-806b-51f64db190fa}"));
+    EXPECT_TRUE(has_id<IOD_OrderDeckDriver>(L"{86b13c72-9902-432d-8afb-eb88afc2d043}"));
+    EXPECT_TRUE(has_id<ITC_ItemsChanged>(L"{3dd2ce32-61b4-483c-a7f2-765bda9c5992}"));
+    EXPECT_TRUE(has_id<SW::IOnCommand>(L"{ce906e25-1b6e-4776-99d4-b7c5fa810b1a}"));
+    EXPECT_TRUE(has_id<ITC_TradingCenter>(L"{12657051-4a20-4f73-95c2-5993b24f82a0}"));
     EXPECT_TRUE(has_id<ITC_TradingProfile>(L"{2c49f165-339b-4924-a05d-88d6c3015823}"));
     EXPECT_TRUE(has_id<ITC_ManualTrading>(L"{82fcbcfa-d0af-4290-b5f5-c4c21a5dd310}"));
     EXPECT_TRUE(has_id<IOD_ProfileCmd>(L"{191b2211-9a3e-4385-8177-13ecc8385b5e}"));
@@ -42,6 +46,55 @@ TEST(HostInterfaces, HostClassesHaveTheirFixedIds) {
     EXPECT_TRUE(is(CLSID_ProfileEditor, L"{f69b6f0c-191a-4b60-a610-d1f7b0be298e}"));
     EXPECT_TRUE(is(CLSID_SymbolMapping, L"{ae831e51-6bd2-48f9-97c8-c0368a01ccbb}"));
 }
+
+TEST(HostInterfaces, OperationsOfTheBarKeepTheirPlaces) {
+    EXPECT_EQ(place(&ISWUnifyAccess::Create), 4U);
+    EXPECT_EQ(place(&ISWUnifyAccess::Destroy), 5U);
+    EXPECT_EQ(place(&ISWUnifyAccess::UpdateLayout), 6U);
+    EXPECT_EQ(place(&IOD_BrokerProfiles::get_Commands), 4U);
+    EXPECT_EQ(place(&IOD_BrokerProfiles::get_StatusLineString), 5U);
+    EXPECT_EQ(place(&IOD_BrokerProfiles::OnClose), 6U);
+    EXPECT_EQ(place(&ITC_ItemsChanged::OnItemChanged), 4U);
+    EXPECT_EQ(place(&IOD_OrderDeckDriver::put_SymbolInfo), 4U);
+    EXPECT_EQ(place(&IOD_OrderDeckDriver::get_SymbolInfo), 5U);
+    EXPECT_EQ(place(&IOD_OrderDeckDriver::put_Account), 6U);
+    EXPECT_EQ(place(&IOD_OrderDeckDriver::get_Account), 7U);
+    EXPECT_EQ(place(&IOD_OrderDeckDriver::put_ActiveTab), 8U);
+    EXPECT_EQ(place(&IOD_OrderDeckDriver::get_ActiveTab), 9U);
+}
+
+TEST(HostInterfaces, OperationsOfTheTradingCentreKeepTheirPlaces) {
+    EXPECT_EQ(place(&ITC_TradingCenter::Prepare), 4U);
+    EXPECT_EQ(place(&ITC_TradingCenter::get_TradingProfiles), 5U);
+    EXPECT_EQ(place(&ITC_TradingCenter::get_MasterCounter), 6U);
+    EXPECT_EQ(place(&ITC_TradingProfileS::get_Items), 4U);
+    EXPECT_EQ(place(&ITC_TradingProfileS::get_AvailablePlugins), 5U);
+    EXPECT_EQ(place(&ITC_TradingProfileS::Add), 6U);
+}
+
+TEST(HostInterfaces, OperationsOfAProfileKeepTheirPlaces) {
+    EXPECT_EQ(place(&ITC_TradingProfile::get_Name), 4U);
+    EXPECT_EQ(place(&ITC_TradingProfile::get_PluginName), 5U);
+    EXPECT_EQ(place(&ITC_TradingProfile::get_ManualTrading), 6U);
+    EXPECT_EQ(place(&ITC_TradingProfile::Connect), 7U);
+    EXPECT_EQ(place(&ITC_TradingProfile::Disconnect), 8U);
+    EXPECT_EQ(place(&ITC_TradingProfile::ShowSettings), 9U);
+    EXPECT_EQ(place(&ITC_TradingProfile::get_HaveSettings), 10U);
+    EXPECT_EQ(place(&ITC_TradingProfile::get_ConnectionState), 11U);
+    EXPECT_EQ(place(&ITC_TradingProfile::get_OuterID), 12U);
+    EXPECT_EQ(place(&ITC_ManualTrading::SetAccount), 4U);
+    EXPECT_EQ(place(&ITC_ManualTrading::GetAccounts), 5U);
+    EXPECT_EQ(place(&ITC_ManualTrading::PlaceOrder), 6U);
+    EXPECT_EQ(place(&ITC_ManualTrading::SetSymbol), 7U);
+    EXPECT_EQ(place(&ITC_ManualTrading::GetTimeInForces), 8U);
+    EXPECT_EQ(place(&ITC_TradingProfileDataChange::OnQuote), 4U);
+    EXPECT_EQ(place(&ITC_TradingProfileDataChange::OnConnectionState), 5U);
+    EXPECT_EQ(place(&ITC_TradingProfileDataChange::OnTradingAllowed), 6U);
+    EXPECT_EQ(place(&ITC_TradingProfileDataChange::OnStatusText), 7U);
+}
+
+// Hosts send these numbers.
+static_assert(eTM_CC_Disconnected == 0x100 && eTM_CC_Connecting == 0x200 && eTM_CC_Connected == 0x300);
 
 class InterfaceSlots : public test::command_test {};
 

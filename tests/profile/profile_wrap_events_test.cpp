@@ -133,12 +133,15 @@ TEST_F(ProfileEvents, AFailedSearchOrSubscriptionIsReportedAndLeavesNoSink) {
     }
 }
 
-TEST_F(ProfileEvents, ASuccessOtherThanSOkDoesNotSubscribe) {
+TEST_F(ProfileEvents, ASuccessOtherThanSOkIsReportedAndItsSubscriptionEndsWithTheWrapper) {
     host.fail_and_write("ProfileEvents.Advise", S_FALSE, 1);
     EXPECT_FALSE(wrap->Advise(&sink));
+    EXPECT_THAT(test::descriptions_of(reports.assertions()), ElementsAre(L"S_OK == hr"));
     host.clear();
     wrap->Unadvise();
     EXPECT_THAT(host.calls(), IsEmpty());
+    wrap.reset();
+    EXPECT_THAT(host.calls(), ElementsAre("ProfileEvents(\"Alpha\").Unadvise(1)"));
 }
 
 TEST_F(ProfileEvents, AnEventsPointThatIsNotThereIsReported) {

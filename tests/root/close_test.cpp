@@ -2,6 +2,7 @@
 #include "platform/process_mutex.h"
 #include "platform/registry.h"
 #include "tests/root/root_fixture.h"
+#include "tests/support/failing_registry.h"
 
 namespace {
 
@@ -152,13 +153,17 @@ TEST_F(CloseTest, AProfileWithNothingToRememberIsNotRecorded) {
     EXPECT_THAT(remembered(), IsEmpty());
 }
 
-TEST_F(CloseTest, TheBarSerializesItselfFirst) {
+TEST_F(CloseTest, TheBarSerializesItselfBeforeTheListIsTouched) {
     fill();
+    failing_registry registry;
+    std::vector<std::wstring> before;
+    host.on_call("Bar.Serialize", [&] { before = registry.calls(); });
     EXPECT_EQ(root->OnClose(), S_OK);
+    EXPECT_THAT(before, ElementsAre(L"create_key " + path_of_records() + L" 2001f"));
     EXPECT_THAT(take_calls("Bar."), ElementsAre("Bar.Serialize(" + test::quoted(path_of_records()) + ")"));
 }
 
-TEST_F(CloseTest, WhatIsRememberedIsRestoredByTheMessageLoopConnectionFirst) {
+TEST_F(CloseTest, WhatIsRememberedIsRestoredByTheMessageLoop) {
     remember(L"Alpha", L"tRUE", 0, L"");
     remember(L"Gone", L"True", 3, L"X");
     add_profile(L"Alpha");
@@ -177,8 +182,11 @@ TEST_F(CloseTest, NothingPostedRunsAfterDestroy) {
     EXPECT_EQ(create(), S_OK);
     EXPECT_EQ(root->Destroy(), S_OK);
     host.clear();
+    reports.clear();
     run_loop();
     EXPECT_THAT(host.calls(), IsEmpty());
+    // Restoring without a bar would be reported.
+    EXPECT_THAT(take_assertions(), IsEmpty());
 }
 
 TEST_F(CloseTest, TheIdOfASymbolWinsOverItsName) {

@@ -1,4 +1,8 @@
+#include <functional>
+
+#include "platform/registry.h"
 #include "tests/root/root_fixture.h"
+#include "tests/support/last_words.h"
 
 namespace {
 
@@ -53,6 +57,46 @@ TEST_F(CreateTest, KeepsTheHostsCommandSinkAndTheWindowForEveryObjectOfTheCompon
     EXPECT_EQ(global->get_Hwnd(), bar_window);
 }
 
+// Does not say whether it knows the interface of commands.
+struct refusing_service : platform::com_root<IRunnableObject> {
+    STDMETHODIMP GetRunningClass(CLSID*) override { return E_NOTIMPL; }
+    STDMETHODIMP Run(IBindCtx*) override { return S_OK; }
+    STDMETHODIMP_(BOOL) IsRunning() override { return TRUE; }
+    STDMETHODIMP LockRunning(BOOL, BOOL) override { return S_OK; }
+    STDMETHODIMP SetContainedObject(BOOL) override { return S_OK; }
+
+protected:
+    HRESULT internal_query(REFIID iid, void** out) {
+        if (IsEqualIID(iid, __uuidof(SW::IOnCommand))) {
+            *out = nullptr;
+            return E_ACCESSDENIED;
+        }
+        return com_root::internal_query(iid, out);
+    }
+};
+
+TEST_F(CreateTest, AServiceThatFailsOtherwiseThanForAMissingInterfaceGivesItsResult) {
+    const auto service = platform::make_com<refusing_service>();
+    EXPECT_EQ(create(service.get()), E_ACCESSDENIED);
+    EXPECT_EQ(root->UpdateLayout(), OLE_E_BLANK);
+    EXPECT_FALSE(factory.last);
+}
+
+TEST_F(CreateTest, MakesTheBarInTheWindowOfTheHost) {
+    ASSERT_EQ(create(), S_OK);
+    EXPECT_EQ(factory.parent, parent);
+}
+
+TEST_F(CreateTest, TakesTheNewHoldOnTheSharedDataBeforeItLetsGoOfTheOld) {
+    ASSERT_EQ(create(), S_OK);
+    OV_OrderDeck::CGlobalData()->put_Center(
+        platform::make_com<test::last_words<test::FakeTradingCenter>>(host, std::string("data gone")).get());
+    ASSERT_EQ(create(), S_OK);
+    EXPECT_EQ(host.count("data gone"), 0);
+    root->Destroy();
+    EXPECT_EQ(host.count("data gone"), 1);
+}
+
 TEST_F(CreateTest, TouchesNoTradingCentreAlsoWhenTheLoopRuns) {
     add_profile(L"Alpha");
     ASSERT_EQ(create(), S_OK);
@@ -105,25 +149,103 @@ TEST_F(CreateTest, ASecondLifeWithdrawsTheOldPairBeforeItRegistersTheNew) {
     EXPECT_EQ(messages[1].lParam, 1);
 }
 
-TEST_F(CreateTest, TheMessageToTheContainerGoesOutBeforeTheTextIsSet) {
-    CString text_at_message = L"not asked";
-    // The text is still the old one when the container is told.
-    struct watching_desktop : platform::headless_desktop {
-        LRESULT send_message(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override {
-            seen = window_text(reinterpret_cast<HWND>(wParam));
-            return headless_desktop::send_message(window, message, wParam, lParam);
+// Looks into the bar when the container is told of it, and counts what is named.
+class watching_desktop final : public platform::headless_desktop {
+public:
+    std::function<void(HWND)> on_message;
+    int named = 0;
+
+    LRESULT send_message(HWND window, UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (on_message) {
+            on_message(reinterpret_cast<HWND>(wParam));
         }
-        CString seen;
-    } watching;
-    const platform::port<platform::desktop>::replacement replacement(watching);
-    const HWND watched_parent = watching.make_window();
+        return headless_desktop::send_message(window, message, wParam, lParam);
+    }
+    void set_window_text(HWND window, const CString& text) override {
+        ++named;
+        headless_desktop::set_window_text(window, text);
+    }
+
+private:
+    platform::port<platform::desktop>::replacement m_replacement{*this};
+};
+
+class WatchedCreateTest : public root_test {
+protected:
+    HRESULT create_watched() {
+        HWND window = nullptr;
+        return root->Create(watched_parent, nullptr, &window);
+    }
+
+    // The end of the object, at which it withdraws what it registered.
+    void end_root() {
+        root->Destroy();
+        root = platform::make_com<OV_OrderDeck::COrderDeckObj>();
+    }
+
+    watching_desktop watching;
+    HWND watched_parent = watching.make_window();
+};
+
+TEST_F(WatchedCreateTest, TheMessageToTheContainerGoesOutBeforeThreadTextAndValidityAreSet) {
     factory.window = watching.make_window(L"before");
-    HWND window = nullptr;
-    ASSERT_EQ(root->Create(watched_parent, nullptr, &window), S_OK);
-    EXPECT_EQ(watching.seen, L"before");
+    CString text_at_message;
+    HRESULT layout_at_message = S_OK;
+    watching.on_message = [&](HWND bar) {
+        text_at_message = watching.window_text(bar);
+        layout_at_message = root->UpdateLayout();
+        root->OnItemChanged(eTM_CTOE_Moved, nullptr);
+    };
+    ASSERT_EQ(create_watched(), S_OK);
+    EXPECT_EQ(text_at_message, L"before");
+    EXPECT_EQ(layout_at_message, OLE_E_BLANK);
+    EXPECT_THAT(take_assertions(), ElementsAre("not thread safe", "m_bValid == true"));
     EXPECT_EQ(watching.window_text(factory.window), L"下單匣");
+    watching.on_message = nullptr;
+    end_root();
+}
+
+TEST_F(WatchedCreateTest, ABarWithoutAWindowIsNeitherRegisteredNorNamed) {
+    factory.window = nullptr;
+    ASSERT_EQ(create_watched(), S_OK);
+    EXPECT_EQ(watching.named, 0);
+    end_root();
+    EXPECT_THAT(watching.messages(), IsEmpty());
+}
+
+TEST_F(WatchedCreateTest, ABarWhoseWindowIsGoneIsNotNamedAndOnlyWithdrawn) {
+    factory.window = watching.make_window();
+    watching.destroy_window(factory.window);
+    ASSERT_EQ(create_watched(), S_OK);
+    EXPECT_EQ(watching.named, 0);
+    EXPECT_THAT(watching.messages(), IsEmpty());
+    end_root();
+    const auto messages = watching.messages();
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages[0].window, watched_parent);
+    EXPECT_EQ(messages[0].lParam, 0);
+}
+
+TEST_F(WatchedCreateTest, TheOldPairIsKeptUntilTheContainerWasToldThatItGoes) {
+    factory.window = watching.make_window();
+    ASSERT_EQ(create_watched(), S_OK);
+    watching.forget();
+    // A container that makes the bar anew at the message gets the old pair withdrawn once more.
+    bool again = false;
+    watching.on_message = [&](HWND) {
+        if (!again) {
+            again = true;
+            ASSERT_EQ(create_watched(), S_OK);
+        }
+    };
     root->Destroy();
-    root = platform::make_com<OV_OrderDeck::COrderDeckObj>();
+    ASSERT_EQ(create_watched(), S_OK);
+    std::vector<LPARAM> kinds;
+    for (const auto& message : watching.messages()) {
+        kinds.push_back(message.lParam);
+    }
+    EXPECT_THAT(kinds, ElementsAre(0, 1, 0, 1));
+    end_root();
 }
 
 TEST_F(CreateTest, ABarThatCannotBeMadeSurfacesAsItsOwnResult) {
@@ -144,6 +266,25 @@ TEST_F(CreateTest, DestroyTearsDownInOrderAndGivesSOk) {
                                           "ProfileEvents(\"Alpha\").Unadvise(1)"));
     EXPECT_EQ(root->UpdateLayout(), OLE_E_BLANK);
     EXPECT_EQ(root->Destroy(), S_OK);
+}
+
+TEST_F(CreateTest, DestroyLeavesNothingUsableBeforeItAsksTheHost) {
+    const auto alpha = add_profile(L"Alpha");
+    platform::registry_key key;
+    ASSERT_EQ(key.Create(HKEY_CURRENT_USER, path_of_records() + L"\\Profiles\\Alpha"), ERROR_SUCCESS);
+    ASSERT_EQ(create(), S_OK);
+    ASSERT_EQ(root->put_ActiveTab(nullptr), S_OK);
+    HRESULT layout = S_OK;
+    host.on_call("ProfilesEvents.Unadvise", [&] {
+        layout = root->UpdateLayout();
+        run_loop();
+    });
+    host.on_call("Bar.Teardown", [&] { root->put_ActiveTab(_bstr_t(alpha->outer_id.c_str())); });
+    EXPECT_EQ(root->Destroy(), S_OK);
+    EXPECT_EQ(layout, OLE_E_BLANK);
+    // The restoring that was posted has not run, and no id leads to a panel any more.
+    EXPECT_EQ(host.count("Bar.Deserialize"), 0);
+    EXPECT_EQ(host.count("Bar.SelectTab"), 0);
 }
 
 TEST_F(CreateTest, DestroyDropsTheSharedData) {

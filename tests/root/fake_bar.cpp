@@ -16,6 +16,9 @@ LONG fake_bar::AddTab(const boost::shared_ptr<OV_OrderDeck::ITab>& tab, bool bSi
     CString name;
     tab->get_Name(name);
     record("AddTab", quoted(name) + (bSilent ? ", silent" : ", shown"));
+    if (on_add) {
+        on_add(*tab);
+    }
     if (refuse_tabs) {
         return 0;
     }
@@ -79,8 +82,9 @@ void fake_bar::Teardown() {
 
 namespace OV_OrderDeck {
 
-boost::shared_ptr<ITabCtrl> make_bar_window(HWND, IBarOwner& owner) {
+boost::shared_ptr<ITabCtrl> make_bar_window(HWND parent, IBarOwner& owner) {
     test::bar_factory& factory = *test::the_bar_factory;
+    factory.parent = parent;
     if (factory.failure != S_OK) {
         _com_issue_error(factory.failure);
     }

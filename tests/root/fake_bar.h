@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "charting/orderdeck/interface/IBarOwner.h"
 #include "charting/orderdeck/interface/IPersist.h"
 #include "charting/orderdeck/interface/ITabCtrl.h"
@@ -20,6 +22,8 @@ public:
     // What the operations answer instead of doing their work.
     bool refuse_tabs = false;
     bool removal_result = true;
+    // Runs inside AddTab, with the tab that is added.
+    std::function<void(OV_OrderDeck::ITab&)> on_add;
 
     LONG AddTab(const boost::shared_ptr<OV_OrderDeck::ITab>& tab, bool bSilent) override;
     bool RemoveTab(LONG id) override;
@@ -58,6 +62,8 @@ public:
 struct bar_factory {
     fake_host host;
     HWND window = nullptr;
+    // What the last bar was made in.
+    HWND parent = nullptr;
     // Raised instead of making a bar unless it is S_OK.
     HRESULT failure = S_OK;
     bool remembers = true;

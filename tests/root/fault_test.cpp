@@ -1,5 +1,5 @@
-// A host that fails each of its calls in turn: nothing crashes, nothing is lost that was there, and what
-// can go on goes on.
+// A host that fails each of its calls in turn: nothing crashes, and a bar that is made anew with a host
+// that works again has all of it.
 
 #include "tests/root/root_fixture.h"
 

@@ -1,5 +1,5 @@
 #include "tests/root/root_fixture.h"
-#include "tests/support/safe_arrays.h"
+#include "tests/support/last_words.h"
 
 namespace {
 
@@ -9,10 +9,29 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
+// A centre that has to be run before use.
+class running_center : public test::FakeRunnable<ITC_TradingCenter> {
+public:
+    explicit running_center(test::fake_host host) : FakeRunnable(std::move(host), "Center") {}
+
+    STDMETHODIMP Prepare(LONG) override { return m_host.enter(m_kind, {}, "Prepare").hr; }
+    STDMETHODIMP get_TradingProfiles(ITC_TradingProfileS**) override { return E_FAIL; }
+    STDMETHODIMP get_MasterCounter(LONG*) override { return E_FAIL; }
+};
+
 class FillTest : public root_test {
 protected:
     FillTest() { EXPECT_EQ(create(), S_OK); }
     HRESULT demand() { return root->put_ActiveTab(nullptr); }
+
+    // What the assertions carried.
+    std::vector<std::optional<HRESULT>> results() const {
+        std::vector<std::optional<HRESULT>> all;
+        for (const auto& assertion : reports.assertions()) {
+            all.push_back(assertion.hresult);
+        }
+        return all;
+    }
 };
 
 TEST_F(FillTest, AFirstDemandConnectsInOrder) {
@@ -57,6 +76,42 @@ TEST_F(FillTest, AMissingClassGivesItsResultAndIsNotTriedAgain) {
     EXPECT_THAT(host.calls(), IsEmpty());
 }
 
+class FillOfARunningCentre : public FillTest {
+protected:
+    FillOfARunningCentre() {
+        center_class.reset();
+        running_class =
+            std::make_unique<test::fake_class>(host, CLSID_TradingCenter, L"TradingCenter",
+                                               [this] { return com_ptr<IUnknown>(running->GetUnknown()); });
+    }
+
+    com_ptr<running_center> running = platform::make_com<running_center>(host);
+    std::unique_ptr<test::fake_class> running_class;
+};
+
+TEST_F(FillOfARunningCentre, RunsItBeforeItIsAskedForAnything) {
+    EXPECT_EQ(demand(), E_POINTER);
+    EXPECT_THAT(take_calls("Center."), ElementsAre("Center.Run()", "Center.Prepare()"));
+}
+
+TEST_F(FillOfARunningCentre, GivesTheResultOfARunThatFails) {
+    host.fail("Center.Run", E_ABORT);
+    EXPECT_EQ(demand(), E_ABORT);
+    EXPECT_THAT(take_assertions(), IsEmpty());
+}
+
+TEST_F(FillOfARunningCentre, GivesTheResultOfAQueryThatFails) {
+    running->query_result = E_ACCESSDENIED;
+    EXPECT_EQ(demand(), E_ACCESSDENIED);
+    EXPECT_THAT(take_assertions(), IsEmpty());
+}
+
+TEST_F(FillOfARunningCentre, TakesAMissingInterfaceAtAnyStepForNoCentre) {
+    host.fail("Center.Run", E_NOINTERFACE);
+    EXPECT_EQ(demand(), E_POINTER);
+    EXPECT_THAT(take_assertions(), ElementsAre("center"));
+}
+
 TEST_F(FillTest, AnObjectThatIsNoTradingCentreIsANullPointer) {
     center_class.reset();
     const test::fake_class stranger(host, CLSID_TradingCenter, L"Stranger", [this] {
@@ -93,6 +148,36 @@ TEST_F(FillTest, ACollectionWithoutEventsIsReportedAndTheFillGoesOn) {
     EXPECT_EQ(assertions[0].hresult, E_INVALIDARG);
     OV_OrderDeck::CGlobalData global;
     EXPECT_TRUE(global->get_Profiles());
+}
+
+TEST_F(FillTest, ACollectionThatFailsToTellItsEventsIsOneWithoutEvents) {
+    center->profiles->container_result = E_ACCESSDENIED;
+    EXPECT_EQ(demand(), S_OK);
+    EXPECT_THAT(results(), ElementsAre(E_INVALIDARG));
+    OV_OrderDeck::CGlobalData global;
+    EXPECT_TRUE(global->get_Profiles());
+}
+
+TEST_F(FillTest, APointOfEventsThatIsNotThereIsReported) {
+    host.leave_unwritten("Profiles.FindConnectionPoint");
+    EXPECT_EQ(demand(), S_OK);
+    EXPECT_THAT(results(), ElementsAre(E_POINTER));
+}
+
+TEST_F(FillTest, ABarThatIsDestroyedMeanwhileIsNotSubscribed) {
+    host.on_call("Profiles.get_Items", [this] { EXPECT_EQ(root->Destroy(), S_OK); });
+    EXPECT_EQ(demand(), OLE_E_BLANK);
+    EXPECT_EQ(host.count("ProfilesEvents.Advise"), 0);
+}
+
+TEST_F(FillTest, TheCollectionIsReplacedBeforeTheCentre) {
+    OV_OrderDeck::CGlobalData global;
+    global->put_Center(
+        platform::make_com<test::last_words<test::FakeTradingCenter>>(host, std::string("old center")).get());
+    global->put_Profiles(
+        platform::make_com<test::last_words<test::FakeProfiles>>(host, std::string("old profiles")).get());
+    EXPECT_EQ(demand(), S_OK);
+    EXPECT_THAT(take_calls("old "), ElementsAre("old profiles", "old center"));
 }
 
 TEST_F(FillTest, ARefusedSubscriptionIsReportedWithItsResultAndTheFillGoesOn) {

@@ -51,9 +51,11 @@ TEST_F(MenuTest, AConnectedProfileOffersToDisconnect) {
     EXPECT_THAT(lines(), ElementsAre(L"斷線 Alpha", L"-", L"設定經紀商..."));
 }
 
-TEST_F(MenuTest, ASecondProfileOfOneNameIsReportedAndNotListed) {
+TEST_F(MenuTest, ASecondProfileOfOneNameIsReportedAndTheFirstStaysListed) {
     add_profile(L"Alpha");
-    add_profile(L"Alpha")->outer_id = L"another";
+    const auto second = add_profile(L"Alpha");
+    second->outer_id = L"another";
+    second->state = eTM_CC_Connected;
     ASSERT_EQ(root->put_ActiveTab(nullptr), S_OK);
     take_assertions();
     EXPECT_THAT(lines(), ElementsAre(L"連線 Alpha", L"-", L"設定經紀商..."));
@@ -65,6 +67,13 @@ TEST_F(MenuTest, ANullOutPointerIsRefusedBeforeAnythingIsFilled) {
     EXPECT_EQ(root->get_Commands(nullptr), E_INVALIDARG);
     EXPECT_EQ(root->get_StatusLineString(nullptr), E_INVALIDARG);
     EXPECT_EQ(host.count("Center.Prepare"), 0);
+}
+
+TEST_F(MenuTest, AListThatFailsFirstAndSucceedsThenGivesNoMenu) {
+    host.fail("Profiles.get_Items", E_ABORT, 1);
+    SAFEARRAY* items = reinterpret_cast<SAFEARRAY*>(&items);
+    EXPECT_EQ(root->get_Commands(&items), S_OK);
+    EXPECT_EQ(items, nullptr);
 }
 
 TEST_F(MenuTest, TheStatusLineOfAnEmptyBarSaysThatThereIsNoBrokerAndFillsNothing) {

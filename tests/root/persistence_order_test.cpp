@@ -70,6 +70,15 @@ TEST_F(PersistenceOrder, ASecondLifeOfARootRestoresToo) {
     EXPECT_THAT(restored(bar), ElementsAre("connect \"Alpha\""));
 }
 
+TEST_F(PersistenceOrder, TheIdOfASymbolAloneIsWorthARecord) {
+    closing_host bar;
+    bar.open({{L"Alpha", false, 7, L""}});
+    EXPECT_EQ(bar.root->OnClose(), S_OK);
+    EXPECT_THAT(stored(),
+                ElementsAre("Profiles", "Profiles\\Alpha", "Profiles\\Alpha \"Connected\" 1 \"False\"",
+                            "Profiles\\Alpha \"Symbol Id\" 4 7"));
+}
+
 TEST_F(PersistenceOrder, AListOfNoProfilesLeavesTheKeyEmpty) {
     remember({L"Old", true, 0, L""});
     closing_host bar;
@@ -97,7 +106,8 @@ TEST_F(PersistenceOrder, TheBarIsGivenThePathToWriteAndToRead) {
     bar.run_loop();
     EXPECT_EQ(bar.root->OnClose(), S_OK);
     const std::string path = test::quoted(closing_host::path_of_records());
-    EXPECT_THAT(bar.take_calls("serialize("), ElementsAre("Bar.Deserialize(" + path + ")"));
+    EXPECT_THAT(bar.take_calls("erialize("),
+                ElementsAre("Bar.Deserialize(" + path + ")", "Bar.Serialize(" + path + ")"));
 }
 
 TEST_F(PersistenceOrder, ReadingOpensForReadingOnlyAndAsksForThreeValues) {
@@ -111,6 +121,8 @@ TEST_F(PersistenceOrder, ReadingOpensForReadingOnlyAndAsksForThreeValues) {
                          L"open_key " + closing_host::path_of_records() + L"\\Profiles 20019", L"enum_key 0",
                          L"open_key Alpha 20019", L"query_value Connected", L"query_value Symbol Id",
                          L"query_value Symbol Name", L"enum_key 1"}));
+    // The longest name of a key, and its end.
+    EXPECT_THAT(registry.rooms(), ElementsAre(257U, 257U));
 }
 
 TEST_F(PersistenceOrder, RestoringPreparesTheCentreThenSelectsThenConnectsThenSetsTheSymbol) {
@@ -156,7 +168,21 @@ TEST_F(PersistenceOrder, OfTwoPanelsOfOneNameTheFirstIsRestored) {
     EXPECT_THAT(restored(bar), ElementsAre("connect \"Alpha\""));
 }
 
-TEST_F(PersistenceOrder, WithNothingRememberedTheTaskRunsAndTouchesNothing) {
+TEST_F(PersistenceOrder, ProfilesThatGoWhileANameIsAskedForAreRestoredAllTheSame) {
+    remember({L"Beta", true, 0, L""});
+    closing_host bar;
+    // A name that is empty is asked for at each use.
+    bar.add_profile(L"Alpha")->name = L"";
+    bar.add_profile(L"Beta");
+    EXPECT_EQ(bar.create(), S_OK);
+    bar.host.on_call("Bar.Deserialize", [&] {
+        bar.host.on_call("Profile(\"Alpha\").get_Name",
+                         [&] { bar.center->profiles->fire(eTM_CTOE_DeletedAll, {}); });
+    });
+    EXPECT_THAT(restored(bar), ElementsAre("connect \"Beta\""));
+}
+
+TEST_F(PersistenceOrder, WithNothingRememberedTheLoopTouchesNothing) {
     closing_host bar;
     bar.add_profile(L"Alpha");
     EXPECT_EQ(bar.create(), S_OK);

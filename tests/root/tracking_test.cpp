@@ -1,6 +1,7 @@
 #include <thread>
 
 #include "tests/root/root_fixture.h"
+#include "tests/support/no_memory.h"
 #include "tests/support/safe_arrays.h"
 
 namespace {
@@ -37,9 +38,23 @@ TEST_F(TrackingTest, AnAddedProfileGetsAPanelThatShowsItself) {
 
 TEST_F(TrackingTest, ARepeatedAdditionAddsNothing) {
     EXPECT_EQ(fire(eTM_CTOE_Added, {alpha}), S_OK);
-    EXPECT_THAT(take_calls("Bar."), IsEmpty());
-    EXPECT_THAT(host.calls(), IsEmpty());
+    EXPECT_THAT(host.calls(), ElementsAre("Profile(\"Alpha\").get_OuterID()"));
 }
+
+TEST_F(TrackingTest, AProfileForWhichThereIsNoMemoryIsReportedAndANullPointer) {
+    const auto beta = add_profile(L"Beta");
+    {
+        const test::no_memory none;
+        EXPECT_EQ(fire(eTM_CTOE_Added, {beta}), E_POINTER);
+    }
+    EXPECT_THAT(take_assertions(), ElementsAre(""));
+    EXPECT_EQ(host.count("Bar.AddTab"), 0);
+}
+
+// Hosts send these numbers.
+static_assert(eTM_CTOE_Added == 1 && eTM_CTOE_Deleted == 2 && eTM_CTOE_Updated == 3 &&
+              eTM_CTOE_ReloadComplete == 4 && eTM_CTOE_ReloadStart == 5 && eTM_CTOE_DeletedAll == 6 &&
+              eTM_CTOE_Moved == 7);
 
 TEST_F(TrackingTest, ANewPanelReadsItsListsAfterItWasAdded) {
     const auto beta = add_profile(L"Beta");
@@ -176,6 +191,14 @@ TEST_F(TrackingTest, AReloadWhoseListFailsStaysAReload) {
     EXPECT_THAT(tab_names(), IsEmpty());
     EXPECT_EQ(fire(eTM_CTOE_ReloadComplete), S_OK);
     EXPECT_THAT(tab_names(), ElementsAre(L"Alpha"));
+}
+
+TEST_F(TrackingTest, AReloadBeforeTheFirstFillEmptiesTheBarAndHasNoCollection) {
+    ASSERT_EQ(root->Destroy(), S_OK);
+    ASSERT_EQ(create(), S_OK);
+    host.clear();
+    EXPECT_EQ(root->OnItemChanged(eTM_CTOE_ReloadComplete, nullptr), E_POINTER);
+    EXPECT_THAT(take_calls("Bar."), ElementsAre("Bar.RemoveAllTabs()", "Bar.Show(true)"));
 }
 
 TEST_F(TrackingTest, MovedAndUnknownEventsChangeNothing) {

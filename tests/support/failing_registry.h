@@ -26,6 +26,9 @@ public:
     // The operations in their order, such as L"open_key SOFTWARE\x 2001f" and L"set_value name".
     const std::vector<std::wstring>& calls() const { return m_calls; }
 
+    // The room, in characters, that each call for a key's name came with.
+    const std::vector<DWORD>& rooms() const { return m_rooms; }
+
     LONG create_key(HKEY root, const CString& path, REGSAM access, HKEY& key) noexcept override {
         return run("create_key", path + with(access),
                    [&] { return m_system.create_key(root, path, access, key); });
@@ -48,6 +51,7 @@ public:
         return run("delete_value", name, [&] { return m_system.delete_value(key, name); });
     }
     LONG enum_key(HKEY key, DWORD index, wchar_t* name, DWORD& length) noexcept override {
+        m_rooms.push_back(length);
         return run("enum_key", std::to_wstring(index),
                    [&] { return m_system.enum_key(key, index, name, length); });
     }
@@ -101,4 +105,5 @@ private:
     std::map<std::string, failure> m_failures;
     std::map<std::string, int> m_counts;
     std::vector<std::wstring> m_calls;
+    std::vector<DWORD> m_rooms;
 };

@@ -28,13 +28,11 @@ void CConatinerNotifier::Register(HWND parent, HWND bar) {
 }
 
 void CConatinerNotifier::_withdraw() {
-    const HWND parent = m_parent;
-    const HWND bar = m_bar;
+    if (m_parent != nullptr && m_bar != nullptr) {
+        notify(m_parent, m_bar, 0);
+    }
     m_parent = nullptr;
     m_bar = nullptr;
-    if (parent != nullptr && bar != nullptr) {
-        notify(parent, bar, 0);
-    }
 }
 
 }  // namespace NonModalDialogsForContainer

@@ -17,9 +17,6 @@ public:
     // Withdraws the pair that was registered before, if any, and registers the new one.
     void Register(HWND parent, HWND bar);
 
-    HWND get_Parent() const { return m_parent; }
-    HWND get_Bar() const { return m_bar; }
-
 protected:
     CConatinerNotifier() = default;
     ~CConatinerNotifier();

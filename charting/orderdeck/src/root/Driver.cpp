@@ -1,5 +1,7 @@
 // How the host drives a panel by its profile's outer id.
 
+#include <utility>
+
 #include "charting/orderdeck/src/root/OrderDeckObj.h"
 #include "diagnostics/BugSlayerUtil.h"
 

@@ -3,6 +3,7 @@
 #include "charting/orderdeck/interface/make_bar_window.h"
 #include "diagnostics/BugSlayerUtil.h"
 #include "platform/class_info.h"
+#include "platform/com_create.h"
 #include "platform/connection_point.h"
 #include "platform/desktop.h"
 #include "platform/safearray.h"
@@ -17,18 +18,14 @@ namespace {
 
 constexpr UINT ids_BarTitle = 108;
 
-// The host's trading centre; null when the class does not know the interface.
+// The host's trading centre; null when there is no such interface at any step of making it.
 com_ptr<ITC_TradingCenter> create_trading_center() {
-    com_ptr<IUnknown> unknown;
-    HRESULT hr = CoCreateInstance(CLSID_TradingCenter, nullptr, CLSCTX_ALL, __uuidof(IUnknown),
-                                  static_cast<void**>(platform::receive(unknown)));
-    if (SUCCEEDED(hr)) {
-        hr = OleRun(unknown.get());
-    }
-    if (FAILED(hr)) {
+    com_ptr<ITC_TradingCenter> center;
+    const HRESULT hr = platform::create_running(CLSID_TradingCenter, center);
+    if (FAILED(hr) && hr != E_NOINTERFACE) {
         _com_issue_error(hr);
     }
-    return platform::query<ITC_TradingCenter>(unknown);
+    return center;
 }
 
 }  // namespace
@@ -118,10 +115,10 @@ void COrderDeckObj::_check_filled() {
     if (m_bTabsFilled) {
         return;
     }
-    ITabCtrl& bar = _bar();
+    BS_REQUIRE(m_pTabCtrl, OLE_E_BLANK);
     m_bTabsFilled = true;
     _fill_tab_ctrl();
-    bar.Show(true);
+    _bar().Show(true);
 }
 
 void COrderDeckObj::_fill_tab_ctrl() {
@@ -134,13 +131,14 @@ void COrderDeckObj::_fill_tab_ctrl() {
     platform::safearray items;
     if (HRESULT hr = profiles->get_Items(items.receive()); hr != S_OK) {
         BugSlayerUtil::assertion(BS_HERE, "", hr);
-        // The second answer is the one that counts: a centre that was still starting may now be ready
-        // to say why it failed.
+        // The second answer is deliberately the one that counts, whatever it is: hosts see that result.
         hr = profiles->get_Items(items.receive());
         _com_issue_error(hr);
     }
     // Panels first, subscription second: a profile that is added in between shows at the next reload.
     _process_profs(items.get(), [this](ITC_TradingProfile* profile) { _on_add_prof(profile, true); });
+    // A host that destroyed the bar meanwhile must not hold its root by a subscription.
+    BS_REQUIRE(m_pTabCtrl, OLE_E_BLANK);
     if (const HRESULT hr = _subscribe(profiles.get()); hr != S_OK) {
         BugSlayerUtil::assertion(BS_HERE, "", hr);
     }

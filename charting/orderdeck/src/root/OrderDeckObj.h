@@ -1,6 +1,5 @@
 #pragma once
 
-#include <boost/core/noncopyable.hpp>
 #include <boost/shared_ptr.hpp>
 #include <functional>
 #include <map>
@@ -112,6 +111,9 @@ private:
     void _restore_profs(const remembered_profiles& records);
     bool _need_disconnect();
     bool _disconnect_and_record(remembered_profiles& records);
+    // What is left of a panel after calls to the host: the panel itself, after a reload the new one of its
+    // profile, or none.
+    boost::shared_ptr<ITab> _panel_now(LONG id, ITab& panel);
 
     bool m_bTabsFilled = false;
     boost::shared_ptr<ITabCtrl> m_pTabCtrl;

@@ -176,7 +176,9 @@ void COrderDeckObj::_restore_profs(const remembered_profiles& records) {
     _check_filled();
     _deserialize_tab_ctrl(_get_registry_path());
     for (const SSerializeProfInf& record : records) {
-        if (const auto tab = find_tab(_bar().get_TabInfos(), record.sProfileName)) {
+        // A copy: a name that the host is asked for may bring an event that changes the bar's own.
+        const tab_infos tabs = _bar().get_TabInfos();
+        if (const auto tab = find_tab(tabs, record.sProfileName)) {
             restore_tab(*tab, record);
         }
     }
@@ -201,15 +203,23 @@ bool COrderDeckObj::_need_disconnect() {
     return true;
 }
 
-// False when the user refused. Profiles that were disconnected before the refusal stay so. The host may
-// remove profiles while the user is asked, so the panels are told by their ids: one that is gone is passed.
-bool COrderDeckObj::_disconnect_and_record(remembered_profiles& records) {
-    std::vector<LONG> ids;
-    for (const auto& [id, each] : _bar().get_TabInfos()) {
-        ids.push_back(id);
+boost::shared_ptr<ITab> COrderDeckObj::_panel_now(LONG id, ITab& panel) {
+    if (!m_pTabCtrl) {
+        return {};
     }
-    for (const LONG id : ids) {
-        const boost::shared_ptr<ITab> tab = _bar().get_Tab(id);
+    if (const boost::shared_ptr<ITab> tab = m_pTabCtrl->get_Tab(id)) {
+        return tab;
+    }
+    const auto found = m_tags.find(panel.get_Profile()->get_OuterID());
+    return found != m_tags.end() ? m_pTabCtrl->get_Tab(found->second) : nullptr;
+}
+
+// False when the user refused. Profiles that were disconnected before the refusal stay so. While the user
+// is asked the host may change its profiles and even destroy the bar: a panel that is gone is passed.
+bool COrderDeckObj::_disconnect_and_record(remembered_profiles& records) {
+    const tab_infos panels = _bar().get_TabInfos();
+    for (const auto& [id, panel] : panels) {
+        const boost::shared_ptr<ITab> tab = _panel_now(id, *panel);
         if (!tab) {
             continue;
         }
@@ -238,6 +248,8 @@ HRESULT COrderDeckObj::OnClose() noexcept {
         if (!m_bValid) {
             return S_OK;
         }
+        // A host that destroys and releases the bar while the user is asked leaves this call an object.
+        const com_ptr<COrderDeckObj> alive(this);
         remembered_profiles records;
         if (_need_disconnect()) {
             // Said whether the count could be read or not; support reads it as "this bar closes them".

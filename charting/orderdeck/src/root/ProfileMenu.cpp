@@ -1,5 +1,7 @@
 // Menu lines and status line of the root.
 
+#include <utility>
+
 #include "charting/orderdeck/src/root/OrderDeckObj.h"
 #include "diagnostics/BugSlayerUtil.h"
 #include "platform/safearray.h"
@@ -36,6 +38,7 @@ HRESULT COrderDeckObj::get_Commands(SAFEARRAY** ppItems) noexcept {
         if (ppItems == nullptr) {
             return E_INVALIDARG;
         }
+        *ppItems = nullptr;
         *ppItems = _make_commands();
         return S_OK;
     });
@@ -44,7 +47,9 @@ HRESULT COrderDeckObj::get_Commands(SAFEARRAY** ppItems) noexcept {
 SAFEARRAY* COrderDeckObj::_make_commands() {
     _check_filled();
     profiles_by_name profiles;
-    fill_profiles_coll(_bar().get_TabInfos(), profiles);
+    // A copy: a name that the host is asked for may bring an event that changes the bar's own.
+    const tab_infos tabs = _bar().get_TabInfos();
+    fill_profiles_coll(tabs, profiles);
     const auto count = static_cast<LONG>(profiles.size());
     platform::safearray items(
         SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(count == 0 ? 1 : count + 2)));
@@ -72,7 +77,7 @@ void COrderDeckObj::fill_profiles_coll(const tab_infos& tabs, profiles_by_name& 
     }
 }
 
-// A blank after the colon would be wrong: hosts cut the line at the colon.
+// No blank after the colon, deliberately: hosts rely on the line as it stands.
 HRESULT COrderDeckObj::get_StatusLineString(BSTR* pVal) noexcept {
     return guard(BS_HERE, [&] {
         if (!m_bValid) {

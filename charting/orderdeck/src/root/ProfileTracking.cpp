@@ -1,6 +1,7 @@
 // How the root keeps its panels equal to the host's collection of profiles.
 
 #include <boost/make_shared.hpp>
+#include <new>
 
 #include "charting/orderdeck/src/root/OrderDeckObj.h"
 #include "charting/orderdeck/src/tab/Tab.h"
@@ -93,7 +94,7 @@ void COrderDeckObj::_on_add_prof(ITC_TradingProfile* profile, bool bSilent) {
     if (_find_prof_tag(profile) != m_tags.end()) {
         return;
     }
-    const com_ptr<CProfileWrap> wrap = platform::make_com<CProfileWrap>(profile);
+    const com_ptr<CProfileWrap> wrap(new (std::nothrow) platform::com_object<CProfileWrap>(profile));
     if (!wrap) {
         BS_RAISE("", E_POINTER);
     }
@@ -123,10 +124,22 @@ void COrderDeckObj::_on_delete_prof(ITC_TradingProfile* profile) {
     if (found == m_tags.end()) {
         return;
     }
+    const CString id = found->first;
     const LONG tag = found->second;
-    m_tags.erase(found);
-    const bool bRes = _bar().RemoveTab(tag);
-    BS_ASSERT(bRes == true);
+    // Looked up again, since the removal may call the host, and the host the bar.
+    const auto forget = [this, &id, tag] {
+        if (const auto entry = m_tags.find(id); entry != m_tags.end() && entry->second == tag) {
+            m_tags.erase(entry);
+        }
+    };
+    try {
+        const bool bRes = _bar().RemoveTab(tag);
+        BS_ASSERT(bRes == true);
+    } catch (...) {
+        forget();
+        throw;
+    }
+    forget();
 }
 
 void COrderDeckObj::_on_delete_all_profs() {

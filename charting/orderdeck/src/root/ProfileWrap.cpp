@@ -5,19 +5,8 @@
 
 namespace OV_OrderDeck {
 
-HRESULT CProfileWrap::connection::advise(IUnknown* sink, IConnectionPointContainer* container) {
-    // A host that no longer knows the old cookie has nothing left to undo.
-    unadvise();
-    HRESULT hr =
-        container->FindConnectionPoint(__uuidof(ITC_TradingProfileDataChange), platform::receive(m_pCP));
-    if (hr == S_OK) {
-        hr = m_pCP ? m_pCP->Advise(sink, &m_dwCookie) : E_POINTER;
-    }
-    if (hr != S_OK) {
-        m_dwCookie = platform::not_advised;
-        m_pCP.reset();
-    }
-    return hr;
+HRESULT CProfileWrap::connection::advise(IUnknown* sink, ITC_TradingProfile* profile) {
+    return platform::advise(profile, sink, __uuidof(ITC_TradingProfileDataChange), m_pCP, m_dwCookie);
 }
 
 HRESULT CProfileWrap::connection::unadvise() {
@@ -31,10 +20,7 @@ CProfileWrap::CProfileWrap(ITC_TradingProfile* pProfile) : m_pProfile(pProfile) 
 }
 
 bool CProfileWrap::Advise(IOD_ProfileDataChange* pSink) {
-    com_ptr<IConnectionPointContainer> container;
-    m_pProfile->QueryInterface(__uuidof(IConnectionPointContainer),
-                               static_cast<void**>(platform::receive(container)));
-    const HRESULT hr = container ? m_connection.advise(GetUnknown(), container.get()) : E_INVALIDARG;
+    const HRESULT hr = m_connection.advise(GetUnknown(), m_pProfile.get());
     if (!BS_ASSERT_TEXT(hr == S_OK, "S_OK == hr")) {
         return false;
     }

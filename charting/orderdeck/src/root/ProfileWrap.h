@@ -51,7 +51,7 @@ private:
     class connection {
     public:
         ~connection() { unadvise(); }
-        HRESULT advise(IUnknown* sink, IConnectionPointContainer* container);
+        HRESULT advise(IUnknown* sink, ITC_TradingProfile* profile);
         HRESULT unadvise();
 
     private:

@@ -1,5 +1,6 @@
 #include "charting/orderdeck/src/root/RegistryHelpers.h"
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
