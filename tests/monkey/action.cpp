@@ -29,10 +29,26 @@ constexpr std::array<habit, act_count> habits = {{
     {"leave_symbol", 8},
     {"symbol_dialog", 8},
     {"pick_date", 8},
+    {"odd_quantity", 8},
+    {"step_quantity", 14},
+    {"escape_symbol", 5},
+    {"odd_key", 5},
+    {"arrow_in_list", 12},
+    {"press_space", 5},
+    {"open_ladder", 14},
+    {"scroll_ladder", 10},
+    {"pick_row", 14},
+    {"profile_menu", 8},
     {"switch_tab", 16},
+    {"strip_menu", 4},
+    {"set_up", 2},
+    {"size_bar", 2},
+    {"host_menu", 5},
+    {"midnight", 5},
     {"quote", 70},
     {"state", 32},
     {"silent_state", 3},
+    {"silent_settings", 3},
     {"change_accounts", 4},
     {"change_times", 4},
     {"add_profile", 5},
@@ -48,11 +64,23 @@ constexpr std::array<habit, act_count> habits = {{
     {"drive_symbol_id", 4},
     {"drive_account", 5},
     {"drive_active", 8},
-    {"pass_time", 2},
+    {"pass_time", 3},
+    {"interrupt", 8},
+    {"restart", 5},
     {"rest", 6},
 }};
 
+constexpr std::array<act, 8> interruptions = {act::state,           act::quote,       act::rename_profile,
+                                              act::remove_profile,  act::add_profile, act::drive_active,
+                                              act::reload_complete, act::delete_all};
+
 }  // namespace
+
+action interruption(const action& told) {
+    const auto count = static_cast<int>(interruptions.size());
+    return {interruptions.at(static_cast<std::size_t>(told.which % count)), told.who, told.which / count,
+            told.yes};
+}
 
 action random_action(std::mt19937& random) {
     std::array<int, act_count> weights{};

@@ -25,11 +25,28 @@ enum class act {
     leave_symbol,
     symbol_dialog,
     pick_date,
+    odd_quantity,
+    step_quantity,
+    escape_symbol,
+    odd_key,
+    arrow_in_list,
+    press_space,
+    open_ladder,
+    scroll_ladder,
+    pick_row,
+    profile_menu,
     switch_tab,
+    // The user, on the bar.
+    strip_menu,
+    set_up,
+    size_bar,
     // The host.
+    host_menu,
+    midnight,
     quote,
     state,
     silent_state,
+    silent_settings,
     change_accounts,
     change_times,
     add_profile,
@@ -46,6 +63,10 @@ enum class act {
     drive_account,
     drive_active,
     pass_time,
+    // What the host does while the next question is open.
+    interrupt,
+    // The bar is closed and made anew.
+    restart,
     // The monkey does nothing until the screen is at rest.
     rest
 };
@@ -64,6 +85,9 @@ struct action {
 };
 
 using sequence = std::vector<action>;
+
+// What the host does while a question is open, as the action to come tells.
+action interruption(const action& told);
 
 action random_action(std::mt19937& random);
 // As a line of C++, `{act::buy, 0, 3, false}`, which may be pasted into a test.

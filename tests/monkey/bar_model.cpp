@@ -1,27 +1,31 @@
 #include "tests/monkey/bar_model.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace monkey {
 
 void bar_model::start() {
     m_host.listed = {0, 1};
-    for (const int profile : m_host.listed) {
-        add(profile, true);
-    }
-    filled();
+    create();
+    fill();
     m_out = {};
 }
 
 outcome bar_model::perform(const action& done) {
     m_out = {};
+    m_gone.clear();
+    m_notes.clear();
     m_host.yes = done.yes;
+    m_host.refused = done.what == act::restart ? done.which % 6 : done.yes ? 0 : 1;
+    m_host.plugin_is_supported = done.yes;
     begin(done);
     try {
         dispatch(done);
     } catch (const raised& failure) {
         add_error(failure.error);
     }
+    m_out.calls.insert(m_out.calls.end(), m_notes.begin(), m_notes.end());
     return m_out;
 }
 
@@ -59,6 +63,8 @@ void bar_model::dispatch(const action& done) {
         if (!m_rows.empty()) {
             show_tab(done);
         }
+    } else if (done.what < act::host_menu) {
+        bar_action(done);
     } else if (done.what >= act::drive_symbol && done.what <= act::drive_active) {
         drive(done);
     } else if (done.what >= act::add_profile && done.what <= act::delete_all) {
@@ -70,7 +76,6 @@ void bar_model::dispatch(const action& done) {
 
 void bar_model::host_event(const action& done) {
     const int profile = host_model::profile_of(done.who);
-    profile_model& its = m_host.profiles.at(static_cast<std::size_t>(profile));
     // A row hears its profile for as long as it lives, also when the root has forgotten it.
     row_model* const row = row_of(profile);
     row_model* const listening = row != nullptr && row->listens ? row : nullptr;
@@ -84,13 +89,34 @@ void bar_model::host_event(const action& done) {
             }
             return;
         case act::state:
-            its.state = pick(states(), done.which);
+            m_host.profiles.at(static_cast<std::size_t>(profile)).state = pick(states(), done.which);
             if (listening != nullptr) {
-                listening->on_state(its.state);
+                listening->on_state(pick(states(), done.which));
             }
             return;
+        case act::midnight:
+            return bar_action(done);
+        case act::host_menu:
+            return host_menu(done.which);
+        case act::interrupt:
+            m_interrupt = interruption(done);
+            return;
+        case act::restart:
+            return restart(done);
+        default:
+            return silent_event(done);
+    }
+}
+
+// Nobody is told of these.
+void bar_model::silent_event(const action& done) {
+    profile_model& its = m_host.profiles.at(static_cast<std::size_t>(host_model::profile_of(done.who)));
+    switch (done.what) {
         case act::silent_state:
             its.state = pick(states(), done.which);
+            return;
+        case act::silent_settings:
+            its.have_settings = done.yes;
             return;
         case act::change_accounts:
             its.accounts = pick(account_lists(), done.which);
@@ -112,45 +138,36 @@ void bar_model::host_event(const action& done) {
     }
 }
 
+// The host's collection changes whether the root hears of it or not.
 void bar_model::collection_event(const action& done) {
     const int profile = host_model::profile_of(done.who);
-    const auto is_this = [&](int each) { return each == profile; };
+    const bool heard = m_subscribed && !m_reloading;
     switch (done.what) {
         case act::add_profile:
             if (!m_host.is_listed(profile)) {
                 m_host.listed.push_back(profile);
             }
-            if (!m_reloading) {
-                if (done.yes) {
-                    m_out.assertions.emplace_back("_prof");
-                }
-                add(profile, false);
+            if (heard && done.yes) {
+                m_out.assertions.emplace_back("_prof");
             }
-            return;
+            return heard ? add(profile, false) : void();
         case act::remove_profile:
-            std::erase_if(m_host.listed, is_this);
-            if (!m_reloading) {
-                remove(profile);
-            }
-            return;
+            std::erase_if(m_host.listed, [&](int each) { return each == profile; });
+            return heard ? remove(profile) : void();
         case act::rename_profile:
             m_host.profiles.at(static_cast<std::size_t>(profile)).name = pick(later_names(), done.which);
-            if (row_model* const row = m_reloading ? nullptr : row_of(profile)) {
+            if (row_model* const row = heard ? row_of(profile) : nullptr) {
                 row->refresh();
             }
             return;
         case act::reload_start:
-            m_reloading = true;
+            m_reloading = m_reloading || m_subscribed;
             return;
         case act::reload_complete:
-            reload();
-            return;
+            return m_subscribed ? reload() : void();
         case act::delete_all:
             m_host.listed.clear();
-            if (!m_reloading) {
-                remove_all();
-            }
-            return;
+            return heard ? remove_all() : void();
         default:
             return;
     }
@@ -163,7 +180,7 @@ void bar_model::add(int profile, bool silent) {
     m_rows.push_back(std::make_unique<row_model>(m_host, m_out, profile, m_next_id++));
     row_model& row = *m_rows.back();
     row.bar = {[this](const row_model& from, unsigned mask) { update(from, mask); },
-               [this](const row_model& from, bit field) { focus(from, field); }};
+               [this](const row_model& from, bit field) { focus(from, field); }, [this] { asked(); }};
     if (m_host.fails(broken::advise)) {
         m_out.assertions.emplace_back("S_OK == hr");
         row.listens = false;
@@ -179,13 +196,17 @@ void bar_model::remove(int profile) {
         return;
     }
     removed(*row);
-    std::erase_if(m_rows, [&](const auto& each) { return each.get() == row; });
+    const auto place =
+        std::find_if(m_rows.begin(), m_rows.end(), [&](const auto& each) { return each.get() == row; });
+    m_gone.push_back(std::move(*place));
+    m_rows.erase(place);
     m_tags.erase(profile);
 }
 
 void bar_model::remove_all() {
     m_tags.clear();
     removed_all();
+    std::move(m_rows.begin(), m_rows.end(), std::back_inserter(m_gone));
     m_rows.clear();
 }
 
@@ -202,8 +223,11 @@ void bar_model::reload() {
 }
 
 void bar_model::drive(const action& done) {
+    if (done.what != act::drive_symbol_id) {
+        fill();
+    }
     row_model* const row = row_of(host_model::profile_of(done.who));
-    if (row == nullptr || (done.what == act::drive_symbol_id && !restores())) {
+    if (row == nullptr || (done.what == act::drive_symbol_id && !reaches_tabs())) {
         return;
     }
     switch (done.what) {
@@ -211,7 +235,6 @@ void bar_model::drive(const action& done) {
             row->put_symbol(pick(instruments(), done.which));
             return;
         case act::drive_symbol_id:
-            m_host.plugin_is_supported = done.yes;
             if (done.which % 2 == 0) {
                 // One below the known ids, and one far above.
                 row->lookup_by_id(done.which % 3 == 0 ? 0 : 10 + done.which % 14);

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -44,24 +45,52 @@ protected:
     virtual void removed(const row_model& row) = 0;
     virtual void removed_all() = 0;
     virtual void drive_to(LONG id) = 0;
+    // The root is new, and so is its bar, which shows no tab yet.
+    virtual void created() {}
+    virtual void torn_down() {}
     // The first profiles are there and nothing is shown yet.
     virtual void filled() {}
+    // The bar keeps which tab is the current one, and later takes it up again.
+    virtual void remember(memory_model& memory) = 0;
+    virtual void take_up(const memory_model& memory) = 0;
     virtual void begin(const action&) {}
-    // Whether the host's restoring of a tab is played at all.
-    virtual bool restores() const { return true; }
+    // Something that is done with the bar and not with a tab.
+    virtual void bar_action(const action&) {}
+    // Whether the tabs can be had without the root.
+    virtual bool reaches_tabs() const { return true; }
+    // What an event raised that came while a question was open.
+    virtual void raised_inside(const raised&) {}
 
     row_model* find(LONG id) const;
     const rows& all() const { return m_rows; }
     outcome& out() { return m_out; }
     host_model& the_host() { return m_host; }
     view status() const;
+    // Shows the commands of a tab's profile and lets the user choose one, or none.
+    void profile_menu(row_model& row, int which);
+    // The command that opens the host's editor of profiles.
+    void edit_profiles();
     void add_error(const std::string& error);
 
 private:
     void dispatch(const action& done);
     void host_event(const action& done);
+    void silent_event(const action& done);
     void collection_event(const action& done);
     void drive(const action& done);
+    // The root's first need of the trading centre.
+    void fill();
+    void host_menu(int which);
+    void asked();
+    void restart(const action& done);
+    bool close();
+    bool need_disconnect();
+    void write(const std::vector<memory_record>& records);
+    void destroy();
+    void create();
+    void restore();
+    void restore_row(row_model& row, const memory_record& record);
+    void plant(const action& done);
     void add(int profile, bool silent);
     void remove(int profile);
     void remove_all();
@@ -75,8 +104,17 @@ private:
     rows m_rows;
     // The ids of the rows that the root knows, by profile.
     std::map<int, LONG> m_tags;
+    // Rows that were removed in the course of an action that they began.
+    rows m_gone;
+    bool m_filled = false;
+    bool m_has_center = false;
+    bool m_subscribed = false;
     bool m_reloading = false;
     LONG m_next_id = 1;
+    // What the host does when a question is open the next time.
+    std::optional<action> m_interrupt;
+    // What is told to the log only.
+    std::vector<std::string> m_notes;
 };
 
 }  // namespace monkey

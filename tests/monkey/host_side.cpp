@@ -18,10 +18,17 @@ void apply_times(test::FakeProfile& profile, const times_by_category& times) {
     }
 }
 
-// The collection's own calls and the many questions are not held against the model.
+// The many questions are not held against the model.
 bool counts(const std::string& call) {
-    return call.starts_with("Bar.") || call.starts_with("ManualTrading(") || call.starts_with("Lookup.") ||
-           call.starts_with("Class(\"LookupImpl\")") || call.ends_with(").Connect()");
+    static constexpr std::array<const char*, 8> heads = {
+        "Bar.",       "ManualTrading(", "Lookup.",        "Class(",
+        "OnCommand.", "menu:",          "ProfileEditor.", "DisconnectConfirmer."};
+    static constexpr std::array<const char*, 2> operations = {").Connect()", ").Disconnect()"};
+    return std::any_of(heads.begin(), heads.end(),
+                       [&](const char* head) { return call.starts_with(head); }) ||
+           std::any_of(operations.begin(), operations.end(),
+                       [&](const char* tail) { return call.ends_with(tail); }) ||
+           call.starts_with("SymbolMapping.") || call.find(").ShowSettings(") != std::string::npos;
 }
 
 std::string wide_hex(unsigned value) {
@@ -68,14 +75,41 @@ SYSTEMTIME world_clock::local_time() {
     return now;
 }
 
+HRESULT world_confirmer::Confirm(LONG hOwner, ITC_TradingProfile* pProfile) {
+    const HRESULT told = FakeDisconnectConfirmer::Confirm(hOwner, pProfile);
+    meanwhile();
+    if (told != S_OK || refused == 0) {
+        return told;
+    }
+    refused -= 1;
+    return refused == 0 ? S_FALSE : S_OK;
+}
+
+CString remembered_path() {
+    return Unicomp::settings_root() + L"\\Order Deck";
+}
+
 host_side::host_side()
     : m_center(platform::make_com<test::FakeTradingCenter>(host)),
       m_lookup(platform::make_com<world_lookup>(host)),
+      m_confirmer(platform::make_com<world_confirmer>(host)),
+      m_on_command(platform::make_com<test::FakeOnCommand>(host)),
       m_center_class(host, CLSID_TradingCenter, L"TradingCenter",
                      [this] { return com_ptr<IUnknown>(m_center->GetUnknown()); }),
       m_lookup_class(host, __uuidof(LookupImpl), L"LookupImpl",
-                     [this] { return com_ptr<IUnknown>(m_lookup->GetUnknown()); }) {
-    platform::registry_key::DeleteTree(HKEY_CURRENT_USER, Unicomp::settings_root() + L"\\Order Deck");
+                     [this] { return com_ptr<IUnknown>(m_lookup->GetUnknown()); }),
+      m_confirmer_class(host, CLSID_DisconnectConfirmer, L"DisconnectConfirmer",
+                        [this] { return com_ptr<IUnknown>(m_confirmer->GetUnknown()); }),
+      m_mapping_class(host, CLSID_SymbolMapping, L"SymbolMapping",
+                      [this] {
+                          return platform::query<IUnknown>(
+                              platform::make_com<test::FakeSymbolMapping>(host)->GetUnknown());
+                      }),
+      m_editor_class(host, CLSID_ProfileEditor, L"ProfileEditor", [this] {
+          return platform::query<IUnknown>(platform::make_com<test::FakeProfileEditor>(host)->GetUnknown());
+      }) {
+    m_confirmer->meanwhile = [this] { interrupt(); };
+    platform::registry_key::DeleteTree(HKEY_CURRENT_USER, remembered_path());
     for (const test::symbol& known : instruments()) {
         // The first of an id counts.
         m_lookup->by_id.try_emplace(known.id, known);
@@ -101,7 +135,10 @@ host_side::~host_side() {
 
 HWND host_side::start(HWND parent) {
     HWND window = nullptr;
-    _com_util::CheckError(root->Create(parent, nullptr, &window));
+    m_frame = parent;
+    desktop.set_main_frame(parent);
+    _com_util::CheckError(root->Create(parent, m_on_command->GetUnknown(), &window));
+    m_bar = window;
     return window;
 }
 
@@ -121,7 +158,9 @@ void host_side::forget() {
 void host_side::prepare(const action& done) {
     m_lookup->dialog = pick(dialog_answers(), done.which);
     m_lookup->supported = done.yes;
+    m_confirmer->refused = done.what == act::restart ? done.which % 6 : done.yes ? 0 : 1;
     desktop.forget();
+    desktop.while_modal([this] { interrupt(); });
     desktop.answer_message_box(done.yes ? IDYES : IDNO);
 }
 
@@ -129,6 +168,13 @@ outcome host_side::take() {
     outcome seen;
     seen.calls = host.take();
     std::erase_if(seen.calls, [](const std::string& call) { return !counts(call); });
+    std::transform(seen.calls.begin(), seen.calls.end(), seen.calls.begin(),
+                   [this](const std::string& call) { return named(call); });
+    for (const std::wstring& trace : reports.traces()) {
+        if (trace.starts_with(L"Master's counter")) {
+            seen.calls.push_back(test::narrow(trace));
+        }
+    }
     for (const reported_assertion& each : reports.assertions()) {
         seen.assertions.push_back(test::narrow(each.description));
     }
@@ -185,9 +231,17 @@ HRESULT host_side::profile_event(const action& done) {
         case act::mend_calls:
             host.forget_faults();
             return S_OK;
+        case act::silent_settings:
+            profile.have_settings = done.yes ? VARIANT_TRUE : VARIANT_FALSE;
+            return S_OK;
         case act::pass_time:
             m_clock.quarters += done.which % 9;
             return S_OK;
+        case act::interrupt:
+            m_interrupt = interruption(done);
+            return S_OK;
+        case act::host_menu:
+            return host_menu(done.which);
         default:
             return S_OK;
     }

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,19 @@ public:
 
 private:
     test::fake_host m_host;
+};
+
+// Refuses the question that it was told to refuse.
+class world_confirmer : public test::FakeDisconnectConfirmer {
+public:
+    using FakeDisconnectConfirmer::FakeDisconnectConfirmer;
+
+    // 1 for the next one, 0 for none.
+    int refused = 0;
+    // What goes on while the question is open.
+    std::function<void()> meanwhile;
+
+    STDMETHODIMP Confirm(LONG hOwner, ITC_TradingProfile* pProfile) override;
 };
 
 class world_clock final : public platform::clock {
@@ -68,6 +82,11 @@ public:
     // What an action of the host comes to; the user's actions only have their answers laid ready.
     HRESULT perform(const action& done);
     void prepare(const action& done);
+    // Asks for the host's menu of commands and runs one of them.
+    HRESULT host_menu(int which);
+    // Closes the bar, unless it is lost without, and makes another one.
+    HRESULT restart(const action& done, HWND parent);
+    HWND bar() const { return m_bar; }
     // What happened since the last call. Forgets it.
     outcome take();
     // What the root tells of its state.
@@ -80,6 +99,8 @@ public:
     com_ptr<OV_OrderDeck::COrderDeckObj> root;
     // The tabs of the bar, which the root keeps to itself; none where they can't be had.
     std::function<const OV_OrderDeck::tab_infos&()> tabs;
+    // A bar was made, and nothing was taken up yet.
+    std::function<void()> made;
 
 private:
     boost::shared_ptr<OV_OrderDeck::ITradeInfoProperties> tab_of(const test::FakeProfile& profile);
@@ -88,6 +109,9 @@ private:
     HRESULT drive(const action& done);
     HRESULT list(const com_ptr<test::FakeProfile>& profile, bool with_null);
     void unlist(const com_ptr<test::FakeProfile>& profile);
+    void interrupt();
+    void plant(const action& done) const;
+    std::string named(std::string call) const;
     test::FakeProfiles& collection() { return *m_center->profiles; }
 
     test::com_apartment m_apartment;
@@ -95,11 +119,22 @@ private:
     world_clock m_clock;
     com_ptr<test::FakeTradingCenter> m_center;
     com_ptr<world_lookup> m_lookup;
+    com_ptr<world_confirmer> m_confirmer;
+    com_ptr<test::FakeOnCommand> m_on_command;
     test::fake_class m_center_class;
     test::fake_class m_lookup_class;
+    test::fake_class m_confirmer_class;
+    test::fake_class m_mapping_class;
+    test::fake_class m_editor_class;
     // By place in the world's list, whether the collection has them or not.
     std::vector<com_ptr<test::FakeProfile>> m_profiles;
+    HWND m_frame = nullptr;
+    HWND m_bar = nullptr;
+    std::optional<action> m_interrupt;
 };
+
+// The component's own key of the user's registry.
+CString remembered_path();
 
 // "0x80004005", empty for S_OK.
 std::string error_text(HRESULT hr);

@@ -106,6 +106,9 @@ void logic_model::user(row_model& row, const action& done) {
         case act::symbol_dialog:
             row.lookup_with_dialog();
             return;
+        case act::profile_menu:
+            profile_menu(row, done.which);
+            return;
         case act::pick_date:
             row.put_date(pick(dates(), done.which));
             return;
@@ -175,6 +178,28 @@ void logic_model::removed_all() {
     bar_call("RemoveAllTabs()");
     bar_call("Show(true)");
     m_current = 0;
+}
+
+void logic_model::created() {
+    bar_call("Show(true)");
+}
+
+void logic_model::torn_down() {
+    bar_call("Teardown()");
+    m_current = 0;
+}
+
+void logic_model::filled() {
+    bar_call("Show(true)");
+}
+
+// This bar keeps nothing, and is only asked to.
+void logic_model::remember(memory_model&) {
+    bar_call("Serialize(key)");
+}
+
+void logic_model::take_up(const memory_model&) {
+    bar_call("Deserialize(key)");
 }
 
 void logic_model::drive_to(LONG id) {

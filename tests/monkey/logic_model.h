@@ -20,6 +20,11 @@ private:
     void removed(const row_model& row) override;
     void removed_all() override;
     void drive_to(LONG id) override;
+    void created() override;
+    void torn_down() override;
+    void filled() override;
+    void remember(memory_model& memory) override;
+    void take_up(const memory_model& memory) override;
 
     void select(row_model& row, const action& done);
     void button(row_model& row, const action& done);

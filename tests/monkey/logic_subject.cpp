@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "charting/orderdeck/src/root/GlobalData.h"
 #include "tests/monkey/logic_model.h"
 
 namespace monkey {
@@ -103,9 +104,11 @@ logic_subject::logic_subject() {
     m_factory.window = m_host.desktop.make_window();
     test::the_bar_factory = &m_factory;
     m_host.tabs = [this]() -> const OV_OrderDeck::tab_infos& { return bar().get_TabInfos(); };
-    m_host.start(m_host.desktop.make_window(L"host"));
+    m_host.made = [this] { bar().record_updates = true; };
+    m_frame = m_host.desktop.make_window(L"host");
+    m_host.start(m_frame);
     m_host.fill();
-    bar().record_updates = true;
+    m_host.made();
 }
 
 logic_subject::~logic_subject() {
@@ -118,10 +121,13 @@ outcome logic_subject::perform(const action& done) {
     HRESULT hr = S_OK;
     if (done.what == act::switch_tab) {
         show_tab(done.who);
+    } else if (done.what == act::restart) {
+        hr = m_host.restart(done, m_frame);
     } else if (done.what > act::switch_tab) {
         hr = m_host.perform(done);
     } else if (const auto tab = bar().get_CurTab()) {
-        hr = code_of([&] { user(*tab, done); });
+        hr = done.what == act::profile_menu ? profile_menu(*tab, done.which)
+                                            : code_of([&] { user(*tab, done); });
     }
     outcome result = m_host.take();
     result.error = error_text(hr);
@@ -133,6 +139,27 @@ void logic_subject::show_tab(int who) {
     if (!tabs.empty()) {
         bar().selected = std::next(tabs.begin(), who % static_cast<int>(tabs.size()))->first;
     }
+}
+
+// The commands that the bar's own menus have.
+HRESULT logic_subject::profile_menu(ITab& tab, int which) {
+    OV_OrderDeck::CGlobalData global;
+    std::vector<com_ptr<IOD_ProfileCmd>> usable;
+    std::string lines = "menu:";
+    for (const LONG id : {10, 11, 15}) {
+        auto command =
+            platform::query<IOD_ProfileCmd>(global->create_command(id, com_ptr(tab.get_Profile())));
+        _bstr_t name;
+        VARIANT_BOOL enabled = VARIANT_FALSE;
+        command->get_Name(name.GetAddress());
+        command->get_Enabled(&enabled);
+        lines += " " + std::to_string(id) + "=" + test::narrow(platform::text_of(name)) +
+                 (enabled == VARIANT_TRUE ? "" : " grey");
+        usable.push_back(enabled == VARIANT_TRUE ? command : nullptr);
+    }
+    m_host.host.note(lines);
+    const auto chosen = static_cast<std::size_t>(which % 5);
+    return chosen < usable.size() && usable[chosen] ? usable[chosen]->Execute() : S_OK;
 }
 
 void logic_subject::user(ITab& tab, const action& done) {
@@ -198,8 +225,10 @@ void logic_subject::type(ITab& tab, const action& done) {
         case act::leave_symbol:
             symbol.LookupByText(pick(symbol_texts(), done.which), false, true);
             return;
-        default:
+        case act::symbol_dialog:
             symbol.LookupWithDialog();
+            return;
+        default:
             return;
     }
 }

@@ -20,10 +20,12 @@ private:
     void select(OV_OrderDeck::ITab& tab, const action& done);
     void type(OV_OrderDeck::ITab& tab, const action& done);
     void show_tab(int who);
+    HRESULT profile_menu(OV_OrderDeck::ITab& tab, int which);
     test::fake_bar& bar() { return *m_factory.last; }
 
     host_side m_host;
     test::bar_factory m_factory;
+    HWND m_frame;
 };
 
 }  // namespace monkey

@@ -16,6 +16,7 @@ TEST(monkey, finds_no_difference_between_the_bar_and_the_model) {
     if (result.shortest.found()) {
         FAIL() << monkey::report(result);
     }
+    EXPECT_NE(0U, result.actions) << "nothing was played";
 }
 
 }  // namespace

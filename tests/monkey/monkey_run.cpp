@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
+#include <iostream>
 
 namespace monkey {
 
@@ -153,6 +154,9 @@ run_result run(const pair_maker& make, const run_options& options) {
     for (result.seed = std::max(options.seed, 1U);; ++result.seed) {
         const sequence actions = make_sequence(result.seed, options.steps);
         if (difference found = play(make, actions); found.found()) {
+            // Said at once: the search may take its time.
+            std::cout << "seed " << result.seed << " differs after " << found.done.size() << " actions"
+                      << std::endl;
             result.shortest = shrink(make, std::move(found));
             return result;
         }

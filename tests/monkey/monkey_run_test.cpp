@@ -30,6 +30,8 @@ private:
     void removed(const monkey::row_model&) override {}
     void removed_all() override {}
     void drive_to(LONG) override {}
+    void remember(monkey::memory_model&) override {}
+    void take_up(const monkey::memory_model&) override {}
 
     view m_shows;
 };

@@ -86,8 +86,8 @@ std::string decimal_text(double value, LONG code) {
     return with_groups(text);
 }
 
-std::string fraction_text(double value, LONG code, int denominator) {
-    const double price = on_grid(value, code, 1);
+// The price is on the grid.
+std::string fraction_text(double price, LONG code, int denominator) {
     const double whole = std::floor(price);
     const double numerator = on_grid((price - whole) * denominator, code, 1);
     std::string text;
@@ -171,12 +171,12 @@ CString grouped(LONG value) {
     return wide(with_groups(std::to_string(value)));
 }
 
-CString price_to_text(double value, LONG code) {
+CString price_to_text(double value, LONG code, LONG min_move) {
     const letter* const row = letter_of(code);
-    const double size = std::fabs(value);
+    const double size = on_grid(std::fabs(value), code, min_move);
     const std::string text = row != nullptr && row->denominator != 0
                                  ? fraction_text(size, code, row->denominator)
-                                 : decimal_text(on_grid(size, code, 1), code);
+                                 : decimal_text(size, code);
     const bool zero = text.find_first_not_of("0.,") == std::string::npos;
     return wide(value < 0.0 && !zero ? "-" + text : text);
 }

@@ -14,7 +14,8 @@ double step_of(LONG code);
 CString grouped(LONG value);
 // To the nearest of the prices that lie so many steps apart; halves go up. Not negative.
 double on_grid(double value, LONG code, LONG min_move);
-CString price_to_text(double value, LONG code);
+// Rounded to so many steps.
+CString price_to_text(double value, LONG code, LONG min_move = 1);
 std::optional<double> text_to_price(const CString& text);
 
 }  // namespace monkey

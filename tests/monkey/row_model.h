@@ -32,12 +32,27 @@ struct raised {
     std::string error;
 };
 
+// The host's menus are locked while it lives.
+class locked {
+public:
+    locked(const host_model& host, outcome& out);
+    ~locked();
+    locked(const locked&) = delete;
+    locked& operator=(const locked&) = delete;
+
+private:
+    const host_model& m_host;
+    outcome& m_out;
+};
+
 class row_model {
 public:
     // What the row tells its bar.
     struct listener {
         std::function<void(const row_model&, unsigned mask)> update;
         std::function<void(const row_model&, bit field)> focus;
+        // A question is open.
+        std::function<void()> asked;
     };
 
     row_model(host_model& host, outcome& out, int number_of_profile, LONG new_id);
@@ -71,6 +86,14 @@ public:
     void lookup_with_dialog();
     void put_symbol(const test::symbol& record);
     void put_account(const CString& account);
+
+    // The commands of the profile, by their ids; edit_profile for one that has settings.
+    void run_command(int command);
+    std::string command_name(int command) const;
+    bool have_settings();
+    void connect();
+    // False when the user refused.
+    bool disconnect();
 
     LONG state() const { return m_state; }
     double ask() const { return m_ask; }
@@ -113,6 +136,10 @@ private:
     bool trading();
     void need_trading();
     void call(const std::string& operation);
+    void profile_call(const std::string& operation);
+    void toggle_connection();
+    void edit_profile();
+    void map_symbols();
     void update_accounts();
     void update_times();
     void set_current_account();
@@ -132,6 +159,7 @@ private:
     outcome& m_out;
     LONG m_state = 256;
     bool m_has_lookup = false;
+    std::optional<bool> m_have_settings;
     std::optional<test::symbol> m_symbol;
     LONG m_type = 1;
     LONG m_quantity = 1;

@@ -16,8 +16,8 @@ CString time_text(LONG code) {
 }
 
 // Where a price without its fraction stands in a message.
-std::string whole(double value) {
-    return std::to_string(static_cast<LONG>(value));
+CString whole(double value) {
+    return std::to_wstring(static_cast<LONG>(value));
 }
 
 }  // namespace
@@ -102,15 +102,16 @@ void row_model::put_account(const CString& wanted) {
 }
 
 void row_model::box(const CString& text, unsigned flags) {
+    const locked lock(m_host, m_out);
     m_out.boxes.push_back(test::narrow(text) + " flags " + std::to_string(flags));
+    bar.asked();
 }
 
 bool row_model::check_price(bit field) {
     if (!empty(field)) {
         return true;
     }
-    const std::string range = whole(tick()) + " 至 250000 的數值。";
-    m_out.boxes.push_back("請輸入 " + range + " flags 0");
+    box(L"請輸入 " + whole(tick()) + L" 至 250000 的數值。", 0);
     bar.focus(*this, field);
     return false;
 }
@@ -158,7 +159,7 @@ void row_model::start_lookup() {
         m_out.assertions.emplace_back("*");
         throw raised{"0x80004005"};
     }
-    m_out.calls.push_back("Lookup.Initialize(0, " + test::quoted(plugin_name) + ", 0, null)");
+    m_out.calls.push_back("Lookup.Initialize(frame, " + test::quoted(plugin_name) + ", 0, null)");
     if (m_host.fails(broken::lookup_start)) {
         m_out.assertions.emplace_back("*");
         throw raised{"0x80004005"};
@@ -198,7 +199,9 @@ void row_model::lookup(const CString& text, bool asks, bool quiet) {
 void row_model::lookup_by_name(const CString& text) {
     start_lookup();
     m_out.calls.push_back("Lookup.IsPluginSupported(" + test::quoted(plugin_name) + ")");
-    if (m_host.plugin_is_supported) {
+    if (m_host.fails(broken::lookup_plugin)) {
+        m_out.assertions.emplace_back("*");
+    } else if (m_host.plugin_is_supported) {
         return;
     }
     if (text.empty()) {
@@ -215,6 +218,10 @@ void row_model::lookup_by_id(LONG symbol_id) {
     }
     start_lookup();
     m_out.calls.push_back("Lookup.GetSymbolInfoById(" + std::to_string(symbol_id) + ")");
+    if (m_host.fails(broken::lookup_by_id)) {
+        m_out.assertions.emplace_back("*");
+        throw raised{"0x80004005"};
+    }
     for (const test::symbol& known : instruments()) {
         if (known.id == symbol_id) {
             store(known);
@@ -271,17 +278,8 @@ void row_model::ask_connect() {
         return;
     }
     box(L"目前尚未連線至 " + name + L" 。是否建立連線?", 0x24);
-    if (!m_host.yes) {
-        return;
-    }
-    query_state();
-    if (m_state == 768 || m_state == 512) {
-        return;
-    }
-    const CString& first = profiles().at(static_cast<std::size_t>(profile)).name;
-    m_out.calls.push_back("Profile(" + test::quoted(first) + ").Connect()");
-    if (m_host.fails(broken::connect)) {
-        m_out.assertions.emplace_back("*");
+    if (m_host.yes) {
+        connect();
     }
 }
 

@@ -11,6 +11,8 @@ namespace monkey {
 namespace {
 
 constexpr LONG stock_category = 2;
+// Before there is a symbol.
+constexpr LONG no_category = -1;
 
 std::string yes_no(bool value, const char* yes, const char* no) {
     return value ? yes : no;
@@ -48,24 +50,52 @@ int spin_of(bit field) {
 }
 
 const std::vector<LONG>& typed_quantities() {
-    static const std::vector<LONG> all = {1, 10, 100, 1500, 123456, 7, 250, 100000, 1200000, 1000000000};
+    static const std::vector<LONG> all = {1,   10,     100,     1500,       123456,   7,
+                                          250, 100000, 1200000, 1000000000, 999999950};
     return all;
 }
 
 const std::vector<double>& picked_dates() {
-    static const std::vector<double> all = {48000.25, 48000.5, 47999.0, 65380.75};
+    static const std::vector<double> all = {48000.25, 48000.5, 47999.0,  65380.75,
+                                            47618.25, 47620.0, 47622.75, 47630.5};
     return all;
 }
 
-CString shown_quantity(LONG value) {
-    const auto tenths = [](LONG count) {
-        return grouped(count / 10) + (count % 10 != 0 ? L"." + std::to_wstring(count % 10) : CString());
-    };
-    if (value != 0 && value % 100000 == 0) {
-        return tenths(value / 100000) + L"M";
-    }
-    return value % 100 == 0 && value >= 1000 ? tenths(value / 100) + L"K" : grouped(value);
+const std::vector<int>& steps_up_and_down() {
+    static const std::vector<int> all = {1, -1};
+    return all;
 }
+
+const std::vector<quantity_way>& quantity_ways() {
+    static const std::vector<quantity_way> all = {quantity_way::wheel, quantity_way::wheel_beside,
+                                                  quantity_way::arrow_key, quantity_way::spin};
+    return all;
+}
+
+const std::vector<bit>& number_fields() {
+    static const std::vector<bit> all = {quantity_bit, first_price_bit, second_price_bit};
+    return all;
+}
+
+const std::vector<bit>& list_fields() {
+    static const std::vector<bit> all = {type_bit, account_bit, time_bit};
+    return all;
+}
+
+const std::vector<int>& ladder_steps() {
+    static const std::vector<int> all = {1, -1, 10, -10, 1, -1, 0, 1, -1};
+    return all;
+}
+
+window_model::window_model(std::shared_ptr<const item_widths> widths)
+    : m_widths(std::move(widths)), m_quantity([this](const quantity_text& text) {
+          row_model* const row = find(m_current);
+          guarded([&] {
+              if (row != nullptr) {
+                  row->put_quantity(text);
+              }
+          });
+      }) {}
 
 const std::vector<int>& items_beyond(bit field) {
     static const std::vector<int> first = {217, 216, 231, 220, 222, 228, 227, 225};
@@ -95,21 +125,55 @@ view window_model::seen() const {
     }
     lines.push_back(strip);
     lines.push_back(m_strip.empty() ? "shown: button" : "shown: strip panel");
+    lines.push_back(m_quotes.ladder_is_open() ? "ladder: open" : "ladder: closed");
     if (m_strip.empty()) {
         return lines;
     }
+    lines.emplace_back(m_room_taken ? "room: taken" : "room: not taken");
     for (const bit field : all_bits()) {
         const mirror& its = m_panel.at(field);
         std::string line = std::to_string(item_of(field)) + ": ";
-        line += its.text + (is_list(field) ? " selected " + std::to_string(its.selected) : its.range) +
-                yes_no(its.enabled, ", enabled", ", disabled");
+        line += text_of(field) + (is_list(field) ? " selected " + std::to_string(its.selected) : its.range) +
+                yes_no(usable(field), ", enabled", ", disabled");
         if (m_at_rest) {
             line += yes_no(its.hidden, ", hidden", ", shown");
             line += " moved " + std::to_string(moved_by(item_of(field)));
         }
         lines.push_back(line);
     }
+    if (m_at_rest) {
+        lines.push_back(keys_go_along());
+    }
     return lines;
+}
+
+std::string window_model::text_of(bit field) const {
+    switch (field) {
+        case quantity_bit:
+            return test::narrow(m_quantity.text());
+        case quotes_bit:
+            return test::narrow(m_quotes.caption());
+        case date_bit:
+            return test::number_text(m_date);
+        default:
+            return m_panel.at(field).text;
+    }
+}
+
+// From one field to the next, past what can't be used.
+std::string window_model::keys_go_along() const {
+    std::string line = "keys:";
+    for (const bit field : {symbol_bit, type_bit, quantity_bit, first_price_bit, second_price_bit, quotes_bit,
+                            account_bit, time_bit, date_bit, buy_bit, sell_bit}) {
+        if (usable(field) && !m_panel.at(field).hidden) {
+            line += " " + std::to_string(item_of(field));
+        }
+    }
+    return line;
+}
+
+bool window_model::usable(bit field) const {
+    return field == quotes_bit ? m_quotes.usable() : m_panel.at(field).enabled;
 }
 
 void window_model::insert(const row_model& row, int image) {
@@ -145,23 +209,23 @@ void window_model::removed_all() {
 }
 
 void window_model::show() {
+    lay_out_first();
     update_current(0x3FF80, false);
 }
 
-void window_model::drive_to(LONG id) {
+void window_model::select_tab(LONG id, bool keep_quantity) {
     if (id != m_current) {
         m_current = id;
-        update_current(0x3FF82, false);
+        update_current(0x3FF82, keep_quantity);
     }
 }
 
+void window_model::drive_to(LONG id) {
+    select_tab(id, false);
+}
+
 void window_model::show_tab(const action& done) {
-    m_at_rest = false;
-    const LONG id = m_strip.at(static_cast<std::size_t>(done.who) % m_strip.size()).id;
-    if (id != m_current) {
-        m_current = id;
-        update_current(0x3FF82, true);
-    }
+    select_tab(tab_at(done.who), true);
 }
 
 void window_model::update_current(unsigned mask, bool keep_quantity) {
@@ -176,7 +240,12 @@ void window_model::update_current(unsigned mask, bool keep_quantity) {
     }
 }
 
+// A tab that went while it asked the user something has nothing to show any more.
 void window_model::update(const row_model& row, unsigned mask) {
+    if (find(row.id) == nullptr) {
+        out().assertions.emplace_back("0");
+        throw raised{"0x80004005"};
+    }
     if ((mask & 4) != 0) {
         static const std::map<LONG, int> images = {{256, 0}, {512, 2}, {768, 1}};
         const auto known = images.find(row.state());
@@ -199,8 +268,8 @@ void window_model::update_panel(row_model& row, bit field, bool keep_quantity) {
         update_symbol(row, keep_quantity);
         its.text = test::narrow(row.symbol_name());
     } else if (field == quantity_bit) {
-        if (m_editor != row.quantity()) {
-            edit_quantity(row.quantity());
+        if (m_quantity.value() != row.quantity()) {
+            m_quantity.put_value(row.quantity());
         }
     } else if (is_list(field)) {
         update_list(row, field);
@@ -212,24 +281,24 @@ void window_model::update_panel(row_model& row, bit field, bool keep_quantity) {
         its.range = spin_text(row);
     } else if (field == quotes_bit) {
         update_quotes(row);
+    } else if (field == date_bit) {
+        update_date(row);
     } else {
         its.text = row.value(field);
     }
 }
 
-// Quotes that are no prices count as none on the button, though the row has them.
 void window_model::update_quotes(const row_model& row) {
-    if (!row.empty(quotes_bit)) {
-        const bool good = row.ask() > 0.0 && row.bid() > 0.0;
-        m_ask = good ? row.ask() : 0.0;
-        m_bid = good ? row.bid() : 0.0;
-    }
+    m_quotes.put_usable(row.enabled(quotes_bit));
+    m_quotes.put_quotes(row.empty(quotes_bit) ? std::nullopt
+                                              : std::optional(std::pair(row.bid(), row.ask())));
 }
 
-void window_model::edit_quantity(LONG value) {
-    m_editor = value;
-    m_editor_blank = false;
-    m_panel[quantity_bit].text = test::narrow(shown_quantity(value));
+// The picker does not go where it may not be set.
+void window_model::update_date(const row_model& row) {
+    if (row.date() >= m_earliest) {
+        m_date = row.date();
+    }
 }
 
 void window_model::update_list(const row_model& row, bit field) {
@@ -247,19 +316,20 @@ void window_model::update_symbol(row_model& row, bool keep_quantity) {
         return;
     }
     const LONG category = row.symbol()->category;
+    m_quantity.put_category(category);
     if (!keep_quantity && category != m_last_category) {
-        const LONG wanted = category == stock_category ? 100 : 1;
-        if (m_editor_blank || m_editor != wanted) {
-            edit_quantity(wanted);
-            row.put_quantity({std::to_wstring(wanted), wanted});
-        }
+        m_quantity.put_value(category == stock_category ? 100 : 1);
     }
     m_last_category = category;
-    m_code = row.symbol()->price_scale_code;
-    m_min_move = std::max(static_cast<LONG>(row.symbol()->min_movement), LONG{1});
+    m_quotes.put_format(row.symbol()->price_scale_code,
+                        std::max(static_cast<LONG>(row.symbol()->min_movement), LONG{1}));
 }
 
 void window_model::focus(const row_model& row, bit field) {
+    if (find(row.id) == nullptr) {
+        out().assertions.emplace_back("*");
+        throw raised{"0x80004005"};
+    }
     if (row.id == m_current) {
         out().calls.push_back("focus " + std::to_string(item_of(field)));
     }

@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "tests/monkey/bar_model.h"
+#include "tests/monkey/quantity_model.h"
+#include "tests/monkey/quotes_model.h"
 
 namespace monkey {
 
@@ -20,14 +22,20 @@ int spin_of(bit field);
 // What the controls let a user type and pick.
 const std::vector<LONG>& typed_quantities();
 const std::vector<double>& picked_dates();
-// A quantity as it is shown while it isn't edited.
-CString shown_quantity(LONG value);
+// The user's ways to make a quantity or a place in a list go up and down.
+const std::vector<int>& steps_up_and_down();
+enum class quantity_way { wheel, wheel_beside, arrow_key, spin };
+const std::vector<quantity_way>& quantity_ways();
+const std::vector<bit>& number_fields();
+const std::vector<bit>& list_fields();
+// What he scrolls the ladder by; 0 closes it.
+const std::vector<int>& ladder_steps();
 // The items that make room for a field which goes or comes.
 const std::vector<int>& items_beyond(bit field);
 
 class window_model final : public bar_model {
 public:
-    explicit window_model(std::shared_ptr<const item_widths> widths) : m_widths(std::move(widths)) {}
+    explicit window_model(std::shared_ptr<const item_widths> widths);
 
     view seen() const override;
 
@@ -52,30 +60,48 @@ private:
     void removed(const row_model& row) override;
     void removed_all() override;
     void drive_to(LONG id) override;
+    void created() override;
+    void torn_down() override;
     void filled() override { show(); }
+    void remember(memory_model& memory) override;
+    void take_up(const memory_model& memory) override;
     void begin(const action& done) override { m_at_rest = done.what == act::rest; }
-    bool restores() const override { return false; }
+    void bar_action(const action& done) override;
+    bool reaches_tabs() const override { return false; }
+    void raised_inside(const raised& failure) override;
 
     void show();
+    void lay_out_first();
     void update_current(unsigned mask, bool keep_quantity);
     void update_panel(row_model& row, bit field, bool keep_quantity);
     void update_symbol(row_model& row, bool keep_quantity);
     void update_list(const row_model& row, bit field);
-    void edit_quantity(LONG value);
     void update_quotes(const row_model& row);
-    void press_quotes(row_model& row);
+    void update_date(const row_model& row);
+    void midnight();
+    void select_tab(LONG id, bool keep_quantity);
+    LONG tab_at(int which) const { return m_strip.at(static_cast<std::size_t>(which) % m_strip.size()).id; }
+    std::string keys_go_along() const;
     void insert(const row_model& row, int image);
-    bool usable(bit field) const { return m_panel.at(field).enabled; }
+    bool usable(bit field) const;
     // Runs what a handler guards: an error ends it and is told.
-    template <class Action>
-    void guarded(Action&& handler);
+    void guarded(const std::function<void()>& handler);
+    // What the user sees in a field, but for its lists.
+    std::string text_of(bit field) const;
 
     void select(row_model& row, bit field, int which);
     void type_price(row_model& row, bit field, const CString& text);
-    void type_quantity(row_model& row, LONG value);
+    void type_quantity(const CString& keys);
+    void step_quantity(int which);
+    void strike_odd_key(row_model& row, int which);
+    void press(row_model& row, bool buys);
+    void walk_list(row_model& row, int which);
+    void ladder(row_model& row, const action& done);
+    void pick_date(row_model& row, double date);
     void spin(row_model& row, bit field, int steps);
-    void type_symbol(row_model& row, const CString& text, bool enter);
-    void lookup_typed(row_model& row, CString& typed, bool asks, bool quiet);
+    void leave_symbol();
+    void type_symbol(const CString& text, bool enter);
+    void lookup_typed(CString& typed, bool asks, bool quiet);
     int moved_by(int item) const;
 
     struct tab {
@@ -88,16 +114,15 @@ private:
     std::vector<tab> m_strip;
     LONG m_current = 0;
     LONG m_last_category = -1;
-    // The quantity's editor starts at its lowest value, and shows nothing until it is given another.
-    LONG m_editor = 1;
-    bool m_editor_blank = true;
-    // What the quotes' button knows.
-    double m_ask = 0.0;
-    double m_bid = 0.0;
-    LONG m_code = -1;
-    LONG m_min_move = 1;
+    quantity_model m_quantity;
+    quotes_model m_quotes;
+    // The picker of the date: what it shows, and the first day that it lets be picked.
+    double m_date = 0.0;
+    double m_earliest = 0.0;
     std::map<bit, mirror> m_panel;
     bool m_at_rest = false;
+    // The panel has the place that the strip leaves it.
+    bool m_room_taken = false;
 };
 
 }  // namespace monkey

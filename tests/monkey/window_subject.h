@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <string>
 
 #include "tests/monkey/host_side.h"
 #include "tests/monkey/subject.h"
@@ -24,27 +25,46 @@ private:
     HWND item(int id) const { return GetDlgItem(m_panel, id); }
     HWND strip() const { return GetDlgItem(m_bar, 201); }
     bool usable(int id) const { return IsWindowEnabled(item(id)) != FALSE; }
-    void measure(item_widths& widths);
+    // Lays out a new bar and finds its windows.
+    void adopt_bar();
+    // The first window of a class of this thread, as far as it can be seen.
+    HWND ladder() const;
 
     void user(const action& done);
     void select(int id, int which);
     void type(int id, const CString& text);
     void spin(int id, int steps);
     void press(int id);
+    // In the window that has the focus.
+    static void strike(WPARAM key);
+    void click_quotes(bool on_the_arrow);
     void press_quotes();
     void pick_date(double date);
     void click_tab(int which);
+    void step_quantity(int which);
+    void strike_in(int id, WPARAM key);
+    void walk_list(int which);
+    void open_ladder();
+    void scroll_ladder(int which);
+    void pick_row(int row);
+    void wait_for_menu(int which);
+    void profile_menu(int which);
+    void strip_menu(const action& done);
+    void bar_action(const action& done);
     void leave();
 
     view look();
     std::string strip_line() const;
     std::string shown_line() const;
     std::string item_line(bit field) const;
+    std::string room_line() const;
+    std::string keys_line() const;
     std::string items_of(HWND combo) const;
     std::string range_of(bit field) const;
 
     host_side m_host;
     HWND m_frame;
+    item_widths& m_widths;
     HWND m_bar = nullptr;
     HWND m_panel = nullptr;
     // Where the items stood before anything moved.

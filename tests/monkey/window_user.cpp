@@ -7,15 +7,6 @@
 
 namespace monkey {
 
-namespace {
-
-void strike(HWND window, WPARAM key) {
-    SendMessageW(window, WM_KEYDOWN, key, 1);
-    SendMessageW(window, WM_KEYUP, key, 1);
-}
-
-}  // namespace
-
 void window_subject::user(const action& done) {
     switch (done.what) {
         case act::select_type:
@@ -26,6 +17,10 @@ void window_subject::user(const action& done) {
             return select(item_of(account_bit), done.which);
         case act::type_quantity:
             return type(item_of(quantity_bit), std::to_wstring(pick(typed_quantities(), done.which)));
+        case act::odd_quantity:
+            return type(item_of(quantity_bit), pick(odd_quantities(), done.which));
+        case act::step_quantity:
+            return step_quantity(done.which);
         case act::type_first_price:
             return type(item_of(first_price_bit), pick(price_texts(), done.which));
         case act::type_second_price:
@@ -36,9 +31,12 @@ void window_subject::user(const action& done) {
             return spin(spin_of(second_price_bit), pick(spin_steps(), done.which));
         case act::type_symbol:
             type(item_of(symbol_bit), pick(symbol_texts(), done.which));
-            return strike(item(item_of(symbol_bit)), VK_RETURN);
+            return strike(VK_RETURN);
         case act::leave_symbol:
             return type(item_of(symbol_bit), pick(symbol_texts(), done.which));
+        case act::escape_symbol:
+            type(item_of(symbol_bit), pick(symbol_texts(), done.which));
+            return strike(VK_ESCAPE);
         case act::symbol_dialog:
             SendMessageW(GetWindow(item(item_of(symbol_bit)), GW_CHILD), BM_CLICK, 0, 0);
             return;
@@ -46,9 +44,24 @@ void window_subject::user(const action& done) {
             return press(item_of(buy_bit));
         case act::sell:
             return press(item_of(sell_bit));
+        case act::press_space:
+            return strike_in(item_of(done.yes ? buy_bit : sell_bit), VK_SPACE);
+        case act::odd_key:
+            return strike_in(item_of(pick(number_fields(), done.which)),
+                             done.which / 3 % 2 == 0 ? VK_ESCAPE : VK_RETURN);
+        case act::arrow_in_list:
+            return walk_list(done.which);
         case act::pick_ask:
         case act::pick_bid:
             return press_quotes();
+        case act::open_ladder:
+            return open_ladder();
+        case act::scroll_ladder:
+            return scroll_ladder(done.which);
+        case act::pick_row:
+            return pick_row(done.which % 7);
+        case act::profile_menu:
+            return profile_menu(done.which);
         case act::pick_date:
             return pick_date(pick(picked_dates(), done.which));
         default:
@@ -93,20 +106,6 @@ void window_subject::press(int id) {
     }
 }
 
-// On the left of the button, away from the part that opens the ladder. It looks where the cursor is.
-void window_subject::press_quotes() {
-    const HWND button = item(item_of(quotes_bit));
-    if (IsWindowEnabled(button) == FALSE) {
-        return;
-    }
-    const POINT at = {5, 5};
-    POINT screen = at;
-    ClientToScreen(button, &screen);
-    SetCursorPos(screen.x, screen.y);
-    SendMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(at.x, at.y));
-    SendMessageW(button, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
-}
-
 void window_subject::pick_date(double date) {
     const int id = item_of(date_bit);
     if (!usable(id)) {
@@ -117,6 +116,14 @@ void window_subject::pick_date(double date) {
     notice.dwFlags = GDT_VALID;
     VariantTimeToSystemTime(date, &notice.st);
     SendMessageW(item(id), DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&notice.st));
+    SYSTEMTIME taken = {};
+    SendMessageW(item(id), DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&taken));
+    double shown = 0.0;
+    SystemTimeToVariantTime(&taken, &shown);
+    // A day out of the picker's range can't be picked.
+    if (shown != date) {
+        return;
+    }
     SendMessageW(m_panel, WM_NOTIFY, static_cast<WPARAM>(id), reinterpret_cast<LPARAM>(&notice));
 }
 

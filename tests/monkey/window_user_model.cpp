@@ -4,8 +4,7 @@
 
 namespace monkey {
 
-template <class Action>
-void window_model::guarded(Action&& handler) {
+void window_model::guarded(const std::function<void()>& handler) {
     try {
         handler();
     } catch (const raised& failure) {
@@ -22,7 +21,11 @@ void window_model::user(row_model& row, const action& done) {
         case act::select_account:
             return select(row, account_bit, done.which);
         case act::type_quantity:
-            return type_quantity(row, pick(typed_quantities(), done.which));
+            return type_quantity(std::to_wstring(pick(typed_quantities(), done.which)));
+        case act::odd_quantity:
+            return type_quantity(pick(odd_quantities(), done.which));
+        case act::step_quantity:
+            return step_quantity(done.which);
         case act::type_first_price:
             return type_price(row, first_price_bit, pick(price_texts(), done.which));
         case act::type_second_price:
@@ -32,26 +35,33 @@ void window_model::user(row_model& row, const action& done) {
         case act::spin_second_price:
             return spin(row, second_price_bit, pick(spin_steps(), done.which));
         case act::type_symbol:
-            return type_symbol(row, pick(symbol_texts(), done.which), true);
+            return type_symbol(pick(symbol_texts(), done.which), true);
         case act::leave_symbol:
-            return type_symbol(row, pick(symbol_texts(), done.which), false);
+            return type_symbol(pick(symbol_texts(), done.which), false);
         case act::symbol_dialog:
-            return guarded([&] { row.lookup_with_dialog(); });
+            guarded([&] { row.lookup_with_dialog(); });
+            return leave_symbol();
         case act::buy:
         case act::sell:
-            if (usable(done.what == act::buy ? buy_bit : sell_bit)) {
-                guarded([&] { row.place_order(done.what == act::buy ? 1 : 2); });
-            }
-            return;
+            return press(row, done.what == act::buy);
+        case act::press_space:
+            return press(row, done.yes);
+        case act::odd_key:
+            return strike_odd_key(row, done.which);
+        case act::arrow_in_list:
+            return walk_list(row, done.which);
         case act::pick_ask:
         case act::pick_bid:
-            return press_quotes(row);
+        case act::open_ladder:
+        case act::scroll_ladder:
+        case act::pick_row:
+            return ladder(row, done);
         case act::pick_date:
-            if (usable(date_bit)) {
-                row.put_date(pick(picked_dates(), done.which));
-                m_panel[date_bit].text = row.value(date_bit);
-            }
-            return;
+            return pick_date(row, pick(picked_dates(), done.which));
+        case act::profile_menu:
+            return profile_menu(row, done.which);
+        // What was typed and taken back again leaves nothing behind.
+        case act::escape_symbol:
         default:
             return;
     }
@@ -73,13 +83,93 @@ void window_model::select(row_model& row, bit field, int which) {
     }
 }
 
-void window_model::type_quantity(row_model& row, LONG value) {
+void window_model::press(row_model& row, bool buys) {
+    if (usable(buys ? buy_bit : sell_bit)) {
+        guarded([&] { row.place_order(buys ? 1 : 2); });
+    }
+}
+
+// Neither Esc nor Enter does anything in a number; the field is only entered and left.
+void window_model::strike_odd_key(row_model& row, int which) {
+    const bit field = pick(number_fields(), which);
+    if (!usable(field)) {
+        return;
+    }
+    if (field == quantity_bit) {
+        m_quantity.enter();
+        m_quantity.leave();
+    } else if (!row.empty(field)) {
+        update_panel(row, field, false);
+    }
+}
+
+void window_model::walk_list(row_model& row, int which) {
+    const bit field = pick(list_fields(), which);
+    const mirror& its = m_panel[field];
+    const auto place = std::find(its.keys.begin(), its.keys.end(), its.selected);
+    if (!its.enabled || place == its.keys.end()) {
+        return;
+    }
+    const auto wanted = place - its.keys.begin() + pick(steps_up_and_down(), which / 3);
+    if (wanted >= 0 && wanted < static_cast<std::ptrdiff_t>(its.keys.size())) {
+        select(row, field, static_cast<int>(wanted));
+    }
+}
+
+void window_model::ladder(row_model& row, const action& done) {
+    switch (done.what) {
+        case act::open_ladder:
+            if (usable(quotes_bit)) {
+                m_quotes.toggle_ladder();
+            }
+            return;
+        case act::scroll_ladder:
+            if (m_quotes.ladder_is_open()) {
+                const int step = pick(ladder_steps(), done.which);
+                step == 0 ? m_quotes.hide_ladder() : m_quotes.scroll(step);
+            }
+            return;
+        case act::pick_row:
+            if (m_quotes.ladder_is_open()) {
+                row.pick_quote(m_quotes.pick(done.which % 7));
+            }
+            return;
+        default:
+            if (usable(quotes_bit)) {
+                row.pick_quote(m_quotes.press());
+            }
+            return;
+    }
+}
+
+void window_model::pick_date(row_model& row, double date) {
+    if (usable(date_bit) && date >= m_earliest) {
+        row.put_date(date);
+        m_date = date;
+    }
+}
+
+void window_model::type_quantity(const CString& keys) {
+    if (usable(quantity_bit)) {
+        m_quantity.enter();
+        m_quantity.type(keys);
+        m_quantity.leave();
+    }
+}
+
+// The wheel works without the focus as well.
+void window_model::step_quantity(int which) {
     if (!usable(quantity_bit)) {
         return;
     }
-    // Each digit is taken as it is typed; the last one tells.
-    edit_quantity(value);
-    row.put_quantity({std::to_wstring(value), value});
+    const bool inside = pick(quantity_ways(), which / 2) != quantity_way::wheel_beside;
+    if (inside) {
+        m_quantity.enter();
+    }
+    m_quantity.step(pick(steps_up_and_down(), which));
+    if (inside) {
+        m_quantity.leave();
+    }
 }
 
 void window_model::type_price(row_model& row, bit field, const CString& text) {
@@ -93,13 +183,6 @@ void window_model::type_price(row_model& row, bit field, const CString& text) {
     }
 }
 
-// The button offers the middle until the user chooses a side on its ladder.
-void window_model::press_quotes(row_model& row) {
-    if (usable(quotes_bit)) {
-        row.pick_quote(on_grid((m_ask + m_bid) * 0.5, m_code, m_min_move));
-    }
-}
-
 void window_model::spin(row_model& row, bit field, int steps) {
     if (usable(field)) {
         row.spin_price(field, steps);
@@ -107,21 +190,34 @@ void window_model::spin(row_model& row, bit field, int steps) {
     }
 }
 
-// The edit shows the symbol's own name again unless the lookup failed.
-void window_model::lookup_typed(row_model& row, CString& typed, bool asks, bool quiet) {
-    if (typed == row.symbol_name()) {
+// The edit shows the symbol's own name again unless the lookup failed. Another tab may be in front by then.
+void window_model::lookup_typed(CString& typed, bool asks, bool quiet) {
+    row_model* const row = find(m_current);
+    if (row == nullptr) {
+        out().assertions.emplace_back("_ctrl");
         return;
     }
-    row.lookup(typed, asks, quiet);
-    typed = row.symbol_name();
+    if (typed == row->symbol_name()) {
+        return;
+    }
+    row->lookup(typed, asks, quiet);
+    const row_model* const shown = find(m_current);
+    typed = shown != nullptr ? shown->symbol_name() : typed;
 }
 
-void window_model::type_symbol(row_model& row, const CString& text, bool enter) {
+// The edit has the focus after its button was pressed.
+void window_model::leave_symbol() {
+    const row_model* const row = find(m_current);
+    CString shown = row != nullptr ? row->symbol_name() : CString();
+    lookup_typed(shown, false, true);
+}
+
+void window_model::type_symbol(const CString& text, bool enter) {
     CString typed = text;
     if (enter) {
-        guarded([&] { lookup_typed(row, typed, true, false); });
+        guarded([&] { lookup_typed(typed, true, false); });
     }
-    guarded([&] { lookup_typed(row, typed, false, true); });
+    guarded([&] { lookup_typed(typed, false, true); });
     m_panel[symbol_bit].text = test::narrow(typed);
 }
 

@@ -47,7 +47,7 @@ const std::vector<profile_names>& profiles() {
 }
 
 const std::vector<CString>& later_names() {
-    static const std::vector<CString> all = {L"Aardvark", L"Beta", L"Moved", L"Zulu"};
+    static const std::vector<CString> all = {L"Aardvark", L"Beta", L"Moved", L"Interactive Brokers"};
     return all;
 }
 
@@ -168,15 +168,52 @@ const std::vector<int>& spin_steps() {
     return all;
 }
 
+const std::vector<CString>& remembered_names() {
+    static const std::vector<CString> all = {L"Beta", L"Alpha",    L"beta",
+                                             L"Zeta", L"Aardvark", L"Moved",
+                                             L"Zulu", L"Nobody",   L"Interactive Brokers"};
+    return all;
+}
+
+LONG planted_id(int which) {
+    // Most of these are known, and the last ones are not.
+    return which % 3 == 0 ? 0 : 11 + which % 15;
+}
+
 const char* operation_of(broken what) {
     static constexpr std::array<const char*, broken_count> names = {
-        "ManualTrading.GetAccounts",   "ManualTrading.GetTimeInForces",
-        "ManualTrading.PlaceOrder",    "ManualTrading.SetAccount",
-        "ManualTrading.SetSymbol",     "Profile.get_ManualTrading",
-        "Profile.get_ConnectionState", "Profile.Connect",
-        "Lookup.GetSymbolInfo",        "Lookup.Initialize",
-        "Class.CreateInstance",        "Profile.FindConnectionPoint",
-        "Profiles.get_Items"};
+        "ManualTrading.GetAccounts",
+        "ManualTrading.GetTimeInForces",
+        "ManualTrading.PlaceOrder",
+        "ManualTrading.SetAccount",
+        "ManualTrading.SetSymbol",
+        "Profile.get_ManualTrading",
+        "Profile.get_ConnectionState",
+        "Profile.Connect",
+        "Lookup.GetSymbolInfo",
+        "Lookup.Initialize",
+        "Class(\"LookupImpl\").CreateInstance",
+        "Profile.FindConnectionPoint",
+        "Profiles.get_Items",
+        "Center.Prepare",
+        "Class(\"TradingCenter\").CreateInstance",
+        "Center.get_TradingProfiles",
+        "Profiles.FindConnectionPoint",
+        "Center.get_MasterCounter",
+        "Profile.Disconnect",
+        "Class(\"DisconnectConfirmer\").CreateInstance",
+        "DisconnectConfirmer.Run",
+        "DisconnectConfirmer.Confirm",
+        "Profile.get_HaveSettings",
+        "Profile.ShowSettings",
+        "Class(\"SymbolMapping\").CreateInstance",
+        "SymbolMapping.ShowDialog",
+        "Class(\"ProfileEditor\").CreateInstance",
+        "ProfileEditor.Run",
+        "ProfileEditor.Show",
+        "Lookup.GetSymbolInfoById",
+        "Lookup.IsPluginSupported",
+        "OnCommand.Execute"};
     return names.at(static_cast<std::size_t>(what));
 }
 

@@ -65,6 +65,12 @@ const std::vector<quantity_text>& quantity_texts();
 const std::vector<double>& dates();
 const std::vector<int>& spin_steps();
 
+// Names that an earlier bar may have remembered: of profiles, and of none.
+const std::vector<CString>& remembered_names();
+
+// A symbol that an earlier bar may have remembered; 0 for none.
+LONG planted_id(int which);
+
 // Operations of the host that can be made to fail, by the names of the fake host.
 enum class broken {
     accounts,
@@ -79,9 +85,28 @@ enum class broken {
     lookup_start,
     lookup_class,
     advise,
-    items
+    items,
+    prepare,
+    center_class,
+    collection,
+    subscribe,
+    counter,
+    disconnect,
+    confirmer_class,
+    confirmer_start,
+    confirm,
+    have_settings,
+    show_settings,
+    mapping_class,
+    mapping,
+    editor_class,
+    editor_start,
+    editor,
+    lookup_by_id,
+    lookup_plugin,
+    lock
 };
-inline constexpr int broken_count = 13;
+inline constexpr int broken_count = static_cast<int>(broken::lock) + 1;
 const char* operation_of(broken what);
 
 }  // namespace monkey

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -35,8 +36,12 @@ inline std::vector<menu_line> lines_of(HMENU menu) {
 // serves the timer.
 class menu_user {
 public:
-    static void press(std::vector<WPARAM> keys) {
-        s_keys = std::move(keys);
+    static void press(const std::vector<WPARAM>& keys) {
+        press([keys] { return keys; });
+    }
+    // Who has seen the lines chooses the keys.
+    static void press(std::function<std::vector<WPARAM>()> choose) {
+        s_choose = std::move(choose);
         s_lines.clear();
         s_seen = 0;
         s_deadline = GetTickCount64() + 20000;
@@ -64,12 +69,12 @@ private:
         ++s_seen;
         constexpr UINT get_menu = 0x1E1;
         s_lines = lines_of(reinterpret_cast<HMENU>(SendMessageW(menu_window, get_menu, 0, 0)));
-        for (const WPARAM key : s_keys) {
+        for (const WPARAM key : s_choose()) {
             PostMessageW(info.hwndMenuOwner, WM_KEYDOWN, key, 1);
         }
     }
 
-    inline static std::vector<WPARAM> s_keys;
+    inline static std::function<std::vector<WPARAM>()> s_choose;
     inline static std::vector<menu_line> s_lines;
     inline static int s_seen = 0;
     inline static UINT_PTR s_timer = 0;

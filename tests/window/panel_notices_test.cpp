@@ -278,6 +278,22 @@ TEST_F(PanelNotices, TheDialogOfALookupThatTakesTheFocusStartsNoOther) {
     EXPECT_EQ(text(203), L"PICKED");
 }
 
+TEST_F(PanelNotices, AfterALookupTheEditShowsTheTabThatIsInFrontByThen) {
+    const auto other = add(L"Other");
+    other->symbol->value = L"ITS OWN";
+    tab->symbol->in_dialog = [&] { bar->SelectTab(other->id); };
+    SetFocus(item(203));
+    SetWindowTextW(item(203), L"es");
+    press(203, VK_RETURN);
+    EXPECT_EQ(text(203), L"ITS OWN");
+    SetFocus(item(209));
+    EXPECT_TRUE(other->symbol->lookups.empty()) << "looked up for the wrong tab";
+    bar->SelectTab(tab->id);
+    click(GetDlgItem(item(203), 203));
+    EXPECT_EQ(text(203), L"ITS OWN");
+    EXPECT_EQ(tab->symbol->dialogs, 1);
+}
+
 TEST_F(PanelNotices, AfterItsButtonTheSymbolHasTheFocus) {
     SetFocus(item(209));
     click(GetDlgItem(item(203), 203));

@@ -116,7 +116,15 @@ void CProfileTabWindow::OnButtonPressed(LONG) {
         const symbol_action running(m_bInSymbolAction);
         field->LookupWithDialog();
     }
-    _update_text(get_Item(PanelItem::Symbol), *field);
+    _show_symbol();
+}
+
+// While a lookup asks the user, the host may take the tab away or bring another one to the front. Its symbol
+// is what the edit shows then: a name that stayed behind would be looked up for the wrong profile.
+void CProfileTabWindow::_show_symbol() {
+    if (const auto field = get_Control(eODUE_Symbol)) {
+        _update_text(get_Item(PanelItem::Symbol), *field);
+    }
 }
 
 void CProfileTabWindow::OnEditSetFocus(LONG) {
@@ -155,7 +163,7 @@ void CProfileTabWindow::_lookup_symbol(bool bAskConnect, bool bQuiet) {
         return;
     }
     field->LookupByText(text, bAskConnect, bQuiet);
-    _update_text(edit, *field);
+    _show_symbol();
 }
 
 void CProfileTabWindow::OnFormatChange(int, WTLControls::NumberEditors::eFormats) {

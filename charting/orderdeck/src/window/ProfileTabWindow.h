@@ -90,6 +90,7 @@ private:
     // The symbol field; empty without a tab, which is reported.
     boost::shared_ptr<ISymbolCtrl> _symbol_field() const;
     void _lookup_symbol(bool bAskConnect, bool bQuiet);
+    void _show_symbol();
 
     COrderDeckWindow* m_pBar;
     frame::balloon_tips m_tips;
