@@ -16,7 +16,7 @@ STOP_SPIN, LIMIT_SPIN = 213, 216
 ACCOUNT, TIME_IN_FORCE, DATE = 220, 222, 228
 SET_UP = 229
 BUTTONS = {"buy": 225, "sell": 227}
-INSTRUMENTS, BLOTTER, LOG = 1001, 1002, 1003
+INSTRUMENTS, BLOTTER, LOG, STATUS = 1001, 1002, 1003, 1004
 MESSAGE_TITLE = "OrderDeck Host"
 
 OrderType = collections.namedtuple("OrderType", "code text fields")
@@ -111,6 +111,11 @@ class Bar(Screen):
         self.press_button(BUTTONS[side])
         self.wait("the order in the log", lambda: len(self.orders()) > before)
         return self.orders()[before]
+
+    def newest_order(self):
+        """The texts of the first line of the orders; none before the first order."""
+        rows = self.find(id=BLOTTER)[0]["rows"]
+        return rows[0]["texts"] if rows else []
 
     # Menus and dialogs
 

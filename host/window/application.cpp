@@ -45,7 +45,11 @@ application::application(const options& settings)
         log("The profiles can't be read, these are new ones: " + m_profiles_problem);
     }
     m_profiles->on_change = [this] { keep_profiles(); };
-    m_desk.on_event = [this](const std::string& text) { log(text); };
+    m_desk.on_event = [this](const std::string& text) {
+        log(text);
+        // Later: the bar has yet to hear of it.
+        m_scheduler.after(0, [this] { refresh_status(); });
+    };
     m_desk.on_order = [this](const order& one) { m_frame->blotter().update(one); };
     load_hot_keys();
     load_symbols();

@@ -60,6 +60,8 @@ void blotter_view::update(const order& one) {
         m_list.insert(index, one.id);
     }
     m_list.set_row(index, cells(one));
+    // A scroll bar may have come.
+    m_list.fit();
 }
 
 }  // namespace host

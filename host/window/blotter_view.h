@@ -14,6 +14,9 @@ public:
     // The id of the selected order, or 0.
     int selected() const { return m_list.selected(); }
 
+    // After a change of the list's size.
+    void fit() { m_list.fit(); }
+
     // Shows a new order, or what became of one that is shown.
     void update(const order& one);
 

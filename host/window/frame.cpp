@@ -23,8 +23,7 @@ constexpr const wchar_t* class_name = L"ATL_QVMDIMainFrame";
 // Sent by a bar to its parent: wparam is a window with dialog keys, lparam 1 when it comes, 0 when it goes.
 constexpr UINT container_message = 1702;
 
-constexpr UINT_PTR tick_timer = 1;
-constexpr UINT_PTR describe_timer = 2;
+enum : UINT_PTR { tick_timer = 1, describe_timer = 2 };
 
 // The places in the menu bar.
 constexpr int trading_menu_place = 1;
@@ -109,6 +108,7 @@ void frame::arrange() {
     move(m_instruments->handle(), places.instruments);
     move(GetDlgItem(m_window, IDC_BLOTTER_TITLE), places.blotter_title);
     move(m_blotter->handle(), places.blotter);
+    m_blotter->fit();
     move(GetDlgItem(m_window, IDC_LOG_TITLE), places.log_title);
     move(m_log->handle(), places.log);
     if (m_bar != nullptr) {

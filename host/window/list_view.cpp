@@ -5,6 +5,7 @@
 #include <uxtheme.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "com/text.h"
 
@@ -27,7 +28,16 @@ list_view::list_view(HWND parent, int id, const std::vector<list_column>& column
         column.cx = scaled(columns[index].width);
         column.pszText = title.data();
         SendMessageW(m_window, LVM_INSERTCOLUMNW, index, reinterpret_cast<LPARAM>(&column));
+        m_other_widths += std::exchange(m_last_width, column.cx);
     }
+}
+
+void list_view::fit() {
+    RECT client{};
+    GetClientRect(m_window, &client);
+    const int last = Header_GetItemCount(ListView_GetHeader(m_window)) - 1;
+    ListView_SetColumnWidth(m_window, last,
+                            std::max(m_last_width, static_cast<int>(client.right) - m_other_widths));
 }
 
 void list_view::insert(int index, int number) {

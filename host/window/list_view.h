@@ -40,8 +40,14 @@ public:
     // The number of the selected row, or 0.
     int selected() const;
 
+    // Gives the last column the width that the others leave, but not less than it was made with.
+    void fit();
+
 private:
     HWND m_window;
+    // In pixels: of the last column as it was made, and of all others.
+    int m_last_width = 0;
+    int m_other_widths = 0;
     // What stands in the rows, to write only what changes. By the row's number.
     std::vector<std::pair<int, std::vector<std::string>>> m_texts;
 };

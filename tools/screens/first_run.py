@@ -1,6 +1,6 @@
 """Nothing is set up: only the set-up button stands in the bar. A profile is added and connected."""
 
-from screen_bar import ACCOUNT, CONNECTED, CONNECTING, DISCONNECTED, SET_UP, STOP, SYMBOL, write_profiles
+from screen_bar import ACCOUNT, CONNECTED, CONNECTING, DISCONNECTED, SET_UP, STATUS, STOP, SYMBOL, write_profiles
 
 PROFILES, BROKER, NAME, ADD = 1101, 1102, 1103, 1104
 
@@ -42,6 +42,7 @@ def play(stage):
     bar.wait("the accounts", lambda: bar.find(id=ACCOUNT, **{"class": "ComboBox"})[0]["items"])
     accounts = bar.find(id=ACCOUNT, **{"class": "ComboBox"})[0]["items"]
     assert accounts == ["DEMO-101", "DEMO-102", "模擬帳戶-1"], accounts
+    bar.wait("the status line", lambda: bar.text_of(STATUS, "msctls_statusbar32") == "OrderDeck Paper Remote:已連線")
     assert not bar.find(id=STOP, **{"class": "Edit"})
     bar.picture("connected")
     bar.leave()

@@ -3,14 +3,13 @@
 import datetime
 import time
 
-from screen_bar import BLOTTER, BUTTONS, DATE, LIMIT, TIME_IN_FORCE, TYPE, TYPES, write_profiles
+from screen_bar import BUTTONS, DATE, LIMIT, TIME_IN_FORCE, TYPE, TYPES, write_profiles
 
 BUY = BUTTONS["buy"]
 PICKER = "SysDateTimePick32"
 EPOCH = datetime.date(1899, 12, 30)
 DAY = datetime.timedelta(days=1)
 MINUTES_OF_A_DAY = 24 * 60
-STATUS = 11
 
 
 def zone_before_midnight():
@@ -80,10 +79,6 @@ def slide_the_date_in(bar):
     assert date[2] < bar.left_of(BUY, "Button")
 
 
-def newest(bar, column):
-    return bar.find(id=BLOTTER)[0]["rows"][0]["texts"][column]
-
-
 def play(stage):
     write_profiles(stage.settings, ("One", 0, 0), ("Two", 0, 0))
     zone, today = zone_before_midnight()
@@ -99,10 +94,10 @@ def play(stage):
     slide_the_date_in(bar)
     shows(bar, today)
     assert good_till(bar.place("buy")) == today
-    bar.wait("it rests", lambda: newest(bar, STATUS) == "Working")
+    bar.wait("it rests", lambda: "Working" in bar.newest_order())
     bar.picture("before-midnight")
 
-    bar.wait("the end of the day's order", lambda: newest(bar, STATUS) == "Expired")
+    bar.wait("the end of the day's order", lambda: "Expired" in bar.newest_order())
     shows(bar, today + DAY)
     bar.picture("after-midnight")
     # The day that has passed can't be picked any more.
@@ -110,9 +105,9 @@ def play(stage):
     shows(bar, today + DAY)
     pick(bar, today + 2 * DAY, "calendar-again")
     assert good_till(bar.place("buy")) == today + 2 * DAY
-    bar.wait("it rests", lambda: newest(bar, STATUS) == "Working")
+    bar.wait("it rests", lambda: "Working" in bar.newest_order())
     bar.picture("ordered")
     bar.key("alt+o")
     bar.click(bar.menu_item("Cancel &all orders")["rect"])
-    bar.wait("no live order", lambda: newest(bar, STATUS) == "Cancelled")
+    bar.wait("no live order", lambda: "Cancelled" in bar.newest_order())
     bar.leave()

@@ -36,7 +36,7 @@ def play(stage):
     bar.choose(TIME_IN_FORCE, "IOC")
     order = bar.place("sell")
     assert (order["category"], order["action"], order["limit_price"]) == (3, 2, 110.25), order
-    bar.wait("it is filled", lambda: "Filled" in bar.find(id=BLOTTER)[0]["rows"][0]["texts"])
+    bar.wait("it is filled", lambda: "Filled" in bar.newest_order())
     bar.choose(TYPE, TYPES["stop"].text)
     bar.wait("the stop", lambda: bar.shown_prices() == (STOP,))
     assert bar.text_of(STOP, "Edit") == "", "another type begins without prices"

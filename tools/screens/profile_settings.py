@@ -1,6 +1,6 @@
 """Settings of a profile: refused while it is connected, then changed, and used at the next connection."""
 
-from screen_bar import ACCOUNT, BLOTTER, CONNECTED, DISCONNECTED, write_profiles
+from screen_bar import ACCOUNT, CONNECTED, DISCONNECTED, write_profiles
 
 ACCOUNTS, DELAY, REJECTED = 1113, 1114, 1116
 
@@ -44,6 +44,6 @@ def play(stage):
     bar.choose_instrument("KO")
     bar.choose(ACCOUNT, "South")
     assert bar.place("buy")["account"] == "South"
-    bar.wait("the rejection", lambda: bar.find(id=BLOTTER)[0]["rows"][0]["texts"][-1] == "Rejected by the broker")
+    bar.wait("the rejection", lambda: bar.newest_order()[-1:] == ["Rejected by the broker"])
     bar.picture("rejected")
     bar.leave()
