@@ -7,11 +7,16 @@
 namespace BugSlayerUtil {
 
 bool init_failure_is_shown() noexcept {
-    platform::registry_key key;
-    DWORD type = 0;
-    DWORD bytes = 0;
-    return key.Open(HKEY_CURRENT_USER, L"Software\\Orvane\\BugSlayer", KEY_READ) == ERROR_SUCCESS &&
-           key.QueryValue(CString(), type, nullptr, bytes) == ERROR_SUCCESS;
+    try {
+        platform::registry_key key;
+        DWORD type = 0;
+        DWORD bytes = 0;
+        return key.Open(HKEY_CURRENT_USER, L"Software\\Orvane\\BugSlayer", KEY_READ) == ERROR_SUCCESS &&
+               key.QueryValue(CString(), type, nullptr, bytes) == ERROR_SUCCESS;
+    } catch (...) {
+        // Out of memory: nobody could read a box now.
+        return false;
+    }
 }
 
 void show_init_failure() noexcept {

@@ -45,23 +45,25 @@ std::string registered_path() {
     return result.size() < path_room ? result : std::string();
 }
 
-HMODULE load_registered() noexcept {
-    try {
-        const std::string path = registered_path();
-        return path.empty() ? nullptr : platform::load_library(path.c_str());
-    } catch (...) {
-        return nullptr;
-    }
+HMODULE load_registered() {
+    const std::string path = registered_path();
+    return path.empty() ? nullptr : platform::load_library(path.c_str());
 }
 
 }  // namespace
 
 HMODULE find_debug_library() noexcept {
-    HMODULE library = platform::find_loaded_library(library_name);
-    if (library == nullptr) {
-        library = platform::load_library(library_name);
+    try {
+        const CString name = library_name;
+        HMODULE library = platform::find_loaded_library(name);
+        if (library == nullptr) {
+            library = platform::load_library(name);
+        }
+        return library != nullptr ? library : load_registered();
+    } catch (...) {
+        // Out of memory: as if there were none.
+        return nullptr;
     }
-    return library != nullptr ? library : load_registered();
 }
 
 }  // namespace BugSlayerUtil
