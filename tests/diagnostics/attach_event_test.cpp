@@ -1,6 +1,7 @@
 // The event that holds reports back until a debugger has attached.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <future>
 #include <mutex>
@@ -34,8 +35,16 @@ TEST(AttachEvent, IsWaitedOnByEverybodyWhileItExists) {
         platform::wait_for_named_event_if_present(own_name().c_str());
         note("went on");
     };
-    std::thread first(wait);
-    std::thread second(wait);
+    std::atomic<int> arrived{0};
+    const auto arrive = [&] {
+        ++arrived;
+        wait();
+    };
+    std::thread first(arrive);
+    std::thread second(arrive);
+    while (arrived < 2) {
+        std::this_thread::yield();
+    }
     note("signalled");
     event.signal();
     first.join();

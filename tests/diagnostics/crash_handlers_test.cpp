@@ -1,7 +1,9 @@
 // The three crash handlers, called as the system calls them.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <thread>
+#include <vector>
 
 #include "diagnostics/BugSlayerUtil.h"
 #include "diagnostics/crash_handlers.h"
@@ -93,6 +95,30 @@ TEST_F(CrashHandlers, InstalledAgainDoNotGoOnToThemselves) {
     installed_parameter_handler()(L"buffer", L"copy", L"copy.c", 12, 0);
     EXPECT_EQ(chained.size(), 1u);
     EXPECT_EQ(recorder.records().size(), 1u);
+}
+
+TEST_F(CrashHandlers, AreInstalledFromManyThreadsAtOnce) {
+    std::atomic<int> ready{0};
+    std::atomic<int> translated{0};
+    std::vector<std::thread> threads;
+    for (unsigned i = 0; i < 8; ++i) {
+        threads.emplace_back([&] {
+            platform::set_se_translator(&other_threads_translator);
+            ++ready;
+            while (ready < 8) {
+                std::this_thread::yield();
+            }
+            install_crash_handlers();
+            platform::set_se_translator(nullptr)(4, nullptr);
+            translated += chained == Texts{L"other 4"} ? 1 : 0;
+        });
+    }
+    for (std::thread& each : threads) {
+        each.join();
+    }
+    EXPECT_EQ(translated, 8);
+    installed_parameter_handler()(L"buffer", L"copy", L"copy.c", 12, 0);
+    EXPECT_EQ(chained, Texts{L"buffer copy copy.c 12"});
 }
 
 TEST_F(CrashHandlers, KeepTheEarlierTranslatorOfEachThread) {

@@ -1,0 +1,84 @@
+// Who looks for the event that holds reports back, and who waits on it.
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <semaphore.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstdarg>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "diagnostics/BugSlayerClient.h"
+#include "tests/diagnostics/named_event.h"
+
+namespace {
+
+// What this thread looked for last, and how many threads wait.
+thread_local std::string looked_for;
+std::atomic<int> waiting{0};
+
+TEST(AttachEvent, IsLookedForByWhoeverWantsTheClient) {
+    looked_for.clear();
+    BugSlayerUtil::Client::Get();
+    EXPECT_EQ(looked_for, "/{61B26D6F-EC96-46da-A875-239EED43DF17}");
+}
+
+TEST(AttachEvent, LetsNobodyOnBeforeItIsSignalled) {
+    const std::string name = "OrderDeck attach_wait_test " + std::to_string(GetCurrentProcessId());
+    named_event event(name);
+    std::mutex lock;
+    std::vector<std::string> order;
+    const auto note = [&](const char* what) {
+        const std::lock_guard guard(lock);
+        order.push_back(what);
+    };
+    const auto wait = [&] {
+        platform::wait_for_named_event_if_present(name.c_str());
+        note("went on");
+    };
+    waiting = 0;
+    std::thread first(wait);
+    std::thread second(wait);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (waiting < 2 && std::chrono::steady_clock::now() < end) {
+        std::this_thread::yield();
+    }
+    EXPECT_EQ(waiting, 2);
+    note("signalled");
+    event.signal();
+    first.join();
+    second.join();
+    EXPECT_EQ(order, (std::vector<std::string>{"signalled", "went on", "went on"}));
+}
+
+template <class Function>
+Function* systems_own(const char* name) {
+    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
+}  // namespace
+
+// These stand before the system's own.
+sem_t* sem_open(const char* name, int flags, ...) noexcept {
+    looked_for = name;
+    static const auto next = systems_own<sem_t*(const char*, int, ...)>("sem_open");
+    if ((flags & O_CREAT) == 0) {
+        return next(name, flags);
+    }
+    va_list more;
+    va_start(more, flags);
+    const auto mode = va_arg(more, mode_t);
+    const auto value = va_arg(more, unsigned);
+    va_end(more);
+    return next(name, flags, mode, value);
+}
+
+int sem_wait(sem_t* semaphore) {
+    static const auto next = systems_own<int(sem_t*)>("sem_wait");
+    ++waiting;
+    return next(semaphore);
+}
