@@ -99,4 +99,11 @@ TEST_F(CreateNewProfileCmd, AFailedAddIsReportedWithItsResultAndGivesSOk) {
     EXPECT_THAT(test::results_of(reports.assertions()), ElementsAre(E_ACCESSDENIED));
 }
 
+TEST_F(CreateNewProfileCmd, AnythingButSOkOfTheAddIsReportedWithItsResult) {
+    desktop.answer_menu(1);
+    host.fail("Profiles.Add", S_FALSE);
+    EXPECT_EQ(execute(), S_OK);
+    EXPECT_THAT(test::results_of(reports.assertions()), ElementsAre(S_FALSE));
+}
+
 }  // namespace

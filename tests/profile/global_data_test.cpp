@@ -118,6 +118,11 @@ TEST_F(GlobalData, ACommandHoldsItsProfile) {
     EXPECT_EQ(dynamic_cast<OV_OrderDeck::CToggleProfConnectCmd*>(line.get())->m_pProfile.get(), wrap.get());
 }
 
+TEST_F(GlobalData, ACommandHoldsNothingElse) {
+    EXPECT_EQ(sizeof(OV_OrderDeck::CProfileCommandBase<OV_OrderDeck::CProfileWrap>), sizeof(void*));
+    EXPECT_EQ(sizeof(OV_OrderDeck::CProfileCommandBase<ITC_TradingProfileS>), sizeof(void*));
+}
+
 TEST_F(GlobalData, TheNewProfileCommandHoldsTheCollection) {
     CGlobalDataImpl data;
     data.put_Profiles(profiles.get());

@@ -1,5 +1,9 @@
 #include "charting/orderdeck/src/root/ProfileCommands.h"
 
+#include <functional>
+#include <stdexcept>
+#include <utility>
+
 #include "platform/resources.h"
 #include "tests/profile/command_fixture.h"
 
@@ -187,6 +191,63 @@ TEST_F(ProfileCommands, SettingsThatFailAreReportedAndTheLineGivesSOk) {
     EXPECT_EQ(command(11)->Execute(), S_OK);
     EXPECT_THAT(test::results_of(reports.assertions()), ElementsAre(E_FAIL));
     EXPECT_EQ(host.calls().back(), unlock_call());
+}
+
+TEST_F(ProfileCommands, SettingsThatSucceedInAnyWayAreNotReported) {
+    host.fail("Profile.ShowSettings", S_FALSE);
+    EXPECT_EQ(command(11)->Execute(), S_OK);
+    EXPECT_THAT(reports.assertions(), IsEmpty());
+}
+
+TEST_F(ProfileCommands, WhateverIsThrownInALineBecomesItsResultAndTheLockEnds) {
+    struct fault {
+        std::function<void()> raise;
+        HRESULT result;
+        const wchar_t* logged;
+    };
+    const fault faults[] = {
+        {[] { throw std::bad_alloc(); }, E_OUTOFMEMORY, nullptr},
+        {[] { _com_issue_error(E_ABORT); }, E_ABORT, L"HRESULT - 80004004; FILE - "},
+        {[] { throw std::out_of_range("row"); }, E_INVALIDARG, L"std::out_of_range - row; FILE - "},
+        {[] { throw std::runtime_error("trouble"); }, E_UNEXPECTED, L"std::exception - trouble; FILE - "},
+        {[] { throw 5; }, E_UNEXPECTED, L"unknown exception; FILE - "},
+    };
+    const std::pair<LONG, const char*> lines[] = {{10, "Profile.Connect"},
+                                                  {11, "Profile.ShowSettings"},
+                                                  {13, "ProfileEditor.Show"},
+                                                  {15, "SymbolMapping.ShowDialog"}};
+    for (const auto& [id, operation] : lines) {
+        for (const fault& each : faults) {
+            host.clear();
+            host.forget_faults();
+            reports.clear();
+            host.on_call(operation, each.raise);
+            EXPECT_EQ(command(id)->Execute(), each.result) << id;
+            EXPECT_EQ(host.count("OnCommand.Execute(4"), id == 10 ? 0 : 1) << id;
+            EXPECT_EQ(host.count(unlock_call()), id == 10 ? 0 : 1) << id;
+            const auto traces = reports.traces();
+            ASSERT_EQ(traces.size(), each.logged != nullptr ? 1U : 0U) << id;
+            if (each.logged != nullptr) {
+                EXPECT_EQ(traces[0].find(each.logged), 0U) << id;
+            }
+        }
+    }
+}
+
+TEST_F(ProfileCommands, WhatNameOrStateThrowIsTheirResultToo) {
+    const auto fresh = [&] {
+        wrap = platform::make_com<OV_OrderDeck::CProfileWrap>(profile.get());
+        return command(11);
+    };
+    for (const char* operation : {"Profile.get_Name", "Profile.get_HaveSettings"}) {
+        host.on_call(operation, [] { throw std::bad_alloc(); });
+    }
+    BSTR name = nullptr;
+    EXPECT_EQ(fresh()->get_Name(&name), E_OUTOFMEMORY);
+    EXPECT_EQ(name, nullptr);
+    VARIANT_BOOL enabled = 7;
+    EXPECT_EQ(fresh()->get_Enabled(&enabled), E_OUTOFMEMORY);
+    EXPECT_EQ(enabled, 7);
 }
 
 TEST_F(ProfileCommands, TheEditorLineHasAFixedName) {

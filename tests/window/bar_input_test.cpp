@@ -182,6 +182,7 @@ TEST_F(BarInput, APanelWithoutABarIsRefused) {
     } catch (const _com_error& error) {
         EXPECT_EQ(error.Error(), E_POINTER);
     }
+    EXPECT_EQ(asserted().size(), 1u);
 }
 
 }  // namespace

@@ -74,6 +74,27 @@ TEST_F(PanelBirth, BoxesAreToldTheHeightOfTheSymbolLessSixForBothParts) {
                                      std::tuple(222, -1, expected), std::tuple(222, 0, expected)));
 }
 
+TEST_F(PanelBirth, WithoutASymbolEditThePanelStandsWithoutItsSmallButton) {
+    using system_call = told_import<"IsWindow", decltype(IsWindow)>;
+    const system_call told(
+        [](HWND window) { return GetDlgCtrlID(window) == 203 ? FALSE : system_call::real(window); });
+    CProfileTabWindow another(bar.get());
+    EXPECT_TRUE(another.Create(bar->get_Hwnd()));
+    EXPECT_EQ(GetDlgItem(GetDlgItem(another.get_Hwnd(), 203), 203), nullptr);
+    EXPECT_NE(GetDlgItem(GetDlgItem(another.get_Hwnd(), 209), 10003), nullptr) << "the others stand";
+}
+
+TEST_F(PanelBirth, ThePanelIsItsSymbolsSinkThenItsQuantitysHostThenADialog) {
+    const CProfileTabWindow& panel_window = bar->get_Panel();
+    const void* const sink = static_cast<const WTLControls::IEditCommandSink2*>(&panel_window);
+    const void* const number_host =
+        static_cast<const WTLControls::NumberEditors::INumberEditorHost*>(&panel_window);
+    const void* const dialog = static_cast<const frame::dialog*>(&panel_window);
+    EXPECT_EQ(sink, static_cast<const void*>(&panel_window));
+    EXPECT_LT(sink, number_host);
+    EXPECT_LT(number_host, dialog);
+}
+
 // The visual style of the process as a test says.
 class told_theme {
 public:

@@ -123,6 +123,14 @@ TEST_F(PanelNotices, TypingAPriceTellsTheFieldAtEachCharacter) {
     EXPECT_TRUE(field(eODUE_SecondPrice).values.empty());
 }
 
+TEST_F(PanelNotices, APriceTakesFifteenCharactersAndNoMore) {
+    for (const int id : {214, 217}) {
+        type(id, L"12345678901234567");
+        EXPECT_EQ(text(id), L"123456789012345") << id;
+    }
+    EXPECT_STREQ(field(eODUE_FirstPrice).values.back().bstrVal, L"123456789012345");
+}
+
 TEST_F(PanelNotices, LeavingAPriceShowsItsValueAndKeepsWhatIsNone) {
     type(214, L"1.50");
     field(eODUE_FirstPrice).value = L"1.5";

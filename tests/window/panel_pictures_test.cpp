@@ -60,6 +60,19 @@ TEST_F(PanelPictures, BuyIsBlueAndSellIsRedFromTheirLighterColourDownToTheirDark
     }
 }
 
+TEST_F(PanelPictures, ATradeButtonLooksPressedUntilItIsReleased) {
+    for (const int id : {225, 227}) {
+        const snapshot at_rest(item(id));
+        SendMessageW(item(id), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(6, 6));
+        const snapshot pressed(item(id));
+        SendMessageW(item(id), WM_LBUTTONUP, 0, MAKELPARAM(-6, -6));
+        SendMessageW(item(id), WM_MOUSELEAVE, 0, 0);
+        SetFocus(frame);
+        EXPECT_NE(pressed.at(6, 6), at_rest.at(6, 6)) << id;
+        EXPECT_EQ(snapshot(item(id)).at(6, 6), at_rest.at(6, 6)) << id;
+    }
+}
+
 TEST_F(PanelPictures, TheQuotesHaveTheColourOfTheMidAtFirst) {
     const snapshot shown(item(231));
     const SIZE size = size_of(item(231));
