@@ -34,6 +34,7 @@ SCENES = (
     "refused_close",
     "restart",
     "two_hosts",
+    "hasty",
 )
 
 

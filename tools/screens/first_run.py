@@ -42,7 +42,8 @@ def play(stage):
     bar.wait("the accounts", lambda: bar.find(id=ACCOUNT, **{"class": "ComboBox"})[0]["items"])
     accounts = bar.find(id=ACCOUNT, **{"class": "ComboBox"})[0]["items"]
     assert accounts == ["DEMO-101", "DEMO-102", "模擬帳戶-1"], accounts
-    bar.wait("the status line", lambda: bar.text_of(STATUS, "msctls_statusbar32") == "OrderDeck Paper Remote:已連線")
+    bar.wait("the status line",
+             lambda: bar.text_of(STATUS, "msctls_statusbar32") == "OrderDeck Paper Remote:已連線")
     assert not bar.find(id=STOP, **{"class": "Edit"})
     bar.picture("connected")
     bar.leave()

@@ -13,7 +13,7 @@ def row(bar):
 
 def stands(bar, tab, kind, rows):
     bar.wait(f"tab {tab}", lambda: bar.current_tab() == tab)
-    bar.wait(f"the type {kind}", lambda: bar.find(id=TYPE, **{"class": "ComboBox"})[0]["text"] == TYPES[kind].text)
+    bar.wait(f"the type {kind}", lambda: bar.text_of(TYPE, "ComboBox") == TYPES[kind].text)
     bar.wait(f"the row of {kind}", lambda: row(bar) == rows[kind])
     for item in (STOP, LIMIT):
         assert bool(bar.find(id=item, **{"class": "Edit"})) == (item in TYPES[kind].fields)
