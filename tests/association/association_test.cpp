@@ -205,7 +205,7 @@ TEST_F(Association, AnUnknownNumberOfRowsIsAssertedAndCountsAsNone) {
     EXPECT_EQ(assertions(), texts{L"0L == lRes"});
 }
 
-TEST_F(Association, ANameOf254CharactersFitsAndALongerOneIsAssertedAndStoredEmpty) {
+TEST_F(Association, ANameOf254CharactersFitsAndOneMoreIsAssertedAndStoredEmpty) {
     const CString fits(254, L'f');
     ASSERT_EQ(open_key().SetString(fits, L"Feed"), ERROR_SUCCESS);
     {
@@ -213,7 +213,7 @@ TEST_F(Association, ANameOf254CharactersFitsAndALongerOneIsAssertedAndStoredEmpt
         EXPECT_EQ(feed_of(feeds, fits.c_str()), L"Feed");
         EXPECT_EQ(assertions(), texts{});
     }
-    const CString longer(256, L'l');
+    const CString longer(255, L'l');
     ASSERT_EQ(open_key().SetString(longer, L"Feed"), ERROR_SUCCESS);
     const association feeds;
     EXPECT_FALSE(feeds.HasPluginName(longer.c_str()));

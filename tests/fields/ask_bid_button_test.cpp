@@ -90,6 +90,24 @@ TEST_F(ask_bid_field, takes_doubles_alone) {
     EXPECT_EQ(calls{}, host.calls());
 }
 
+// Lets a test see the field's own wish, which quotes that are not there hide.
+struct loose_quotes : CAskBidButton {
+    static bool wish(CAskBidButton& field) { return field.*&loose_quotes::m_bEnabled; }
+};
+
+TEST_F(ask_bid_field, wants_to_be_used_exactly_while_there_are_quotes) {
+    const std::function<void()> ends[] = {[&] { profile->fire_quote(100.5, 100.25); },
+                                          [&] { put_symbol(L"NQZ6"); },
+                                          [&] { symbol_field().LookupByText(L"", false, true); },
+                                          [&] { profile->fire_state(eTM_CC_Disconnected); }};
+    for (const auto& end : ends) {
+        profile->fire_quote(100.25, 100.5);
+        EXPECT_TRUE(loose_quotes::wish(ask_bid()));
+        end();
+        EXPECT_FALSE(loose_quotes::wish(ask_bid()));
+    }
+}
+
 TEST_F(ask_bid_field, is_usable_from_the_first_quotes_until_they_go) {
     EXPECT_FALSE(ask_bid().get_Enabled());
     profile->fire_quote(100.25, 100.5);

@@ -1,16 +1,19 @@
 // The contract of every field: bits, masks, operations in their order, and what a field does not offer.
 #include "charting/orderdeck/src/tab/Controls/UnifyControlImpl.h"
 
-#include <bit>
 #include <cstddef>
+#include <functional>
 #include <type_traits>
+#include <utility>
 
 #include "tests/fields/fields_fixture.h"
+#include "tests/support/slot.h"
 
 namespace OV_OrderDeck {
 namespace {
 
 using test::raised_by;
+using test::slot;
 
 static_assert(eODUE_Symbol == 128 && eODUE_OrderType == 256 && eODUE_Quantity == 512);
 static_assert(eODUE_FirstPrice == 1024 && eODUE_SecondPrice == 2048 && eODUE_Account == 4096);
@@ -34,16 +37,6 @@ static_assert(std::is_base_of_v<CUnifyControlImpl<ISymbolCtrl>, CLookup>);
 static_assert(std::is_base_of_v<CUnifyControlImpl<IAskBidCtrl>, CAskBidButton>);
 static_assert(!std::is_copy_constructible_v<CQuantityEdit> && !std::is_copy_assignable_v<CQuantityEdit>);
 static_assert(std::has_virtual_destructor_v<IUnifyControl>);
-
-// The place of a virtual operation in its class: both systems' compilers keep one more than its offset.
-template <class Operation>
-std::ptrdiff_t slot(Operation operation) {
-    struct parts {
-        std::ptrdiff_t function;
-        std::ptrdiff_t adjustment;
-    };
-    return (std::bit_cast<parts>(operation).function - 1) / static_cast<std::ptrdiff_t>(sizeof(void*));
-}
 
 TEST(unify_control, operations_stand_in_their_order) {
     const std::ptrdiff_t slots[] = {
@@ -159,7 +152,20 @@ TYPED_TEST(unify_control_of_each_interface, reports_each_stray_call_and_raises_n
     EXPECT_EQ(4, last);
 }
 
-class unify_control_in_a_row : public test::fields_fixture {};
+class unify_control_in_a_row : public test::fields_fixture {
+protected:
+    // A value that the field takes, where it takes any.
+    static _variant_t value_for(OD_UpdateEntity entity) {
+        switch (entity) {
+            case eODUE_AskBid:
+                return {101.5};
+            case eODUE_GtdDate:
+                return {45000.25, VT_DATE};
+            default:
+                return {L"7"};
+        }
+    }
+};
 
 TEST_F(unify_control_in_a_row, no_field_answers_whether_an_item_is_checked) {
     make_ready_tab();
@@ -193,6 +199,52 @@ TEST_F(unify_control_in_a_row, only_lists_and_buttons_are_selected) {
         field(entity).Select(1);
         EXPECT_EQ((std::vector<std::wstring>{L"0"}), reported()) << entity;
         EXPECT_EQ(0, field(entity).get_Count());
+    }
+}
+
+// Each operation that a field may lack, under the name of its kind.
+enum lacking : unsigned {
+    no_selection = 1,
+    no_items = 2,
+    no_value_put = 4,
+    no_value_given = 8,
+    no_value_range = 16,
+    no_spin_range = 32,
+};
+
+TEST_F(unify_control_in_a_row, each_field_lacks_what_it_does_not_offer_and_nothing_else) {
+    make_ready_tab();
+    constexpr unsigned no_ranges = no_value_range | no_spin_range;
+    constexpr unsigned no_values = no_value_put | no_value_given;
+    const std::pair<OD_UpdateEntity, unsigned> rows[] = {
+        {eODUE_Symbol, no_selection | no_items | no_ranges},
+        {eODUE_OrderType, no_values | no_ranges},
+        {eODUE_Quantity, no_selection | no_items | no_ranges},
+        {eODUE_FirstPrice, no_selection | no_items},
+        {eODUE_SecondPrice, no_selection | no_items},
+        {eODUE_Account, no_values | no_ranges},
+        {eODUE_TimeInForce, no_values | no_ranges},
+        {eODUE_GtdDate, no_selection | no_items | no_ranges},
+        {eODUE_AskBid, no_selection | no_items | no_value_given | no_ranges},
+        {eODUE_Buy, no_items | no_value_put | no_ranges},
+        {eODUE_Sell, no_items | no_value_put | no_ranges}};
+    for (const auto& [entity, lacked] : rows) {
+        IUnifyControl& asked = field(entity);
+        const std::pair<unsigned, std::function<void()>> operations[] = {
+            {no_selection, [&] { asked.Select(1); }},
+            {no_items, [&] { asked.get_Item(0, nullptr); }},
+            {no_items, [&] { asked.get_SelectedItem(nullptr); }},
+            {no_value_put, [&] { asked.put_Value(value_for(entity)); }},
+            {no_value_given, [&] { asked.get_Value(); }},
+            {no_value_range, [&] { asked.get_ValueRange(nullptr, nullptr); }},
+            {no_spin_range, [&] { asked.get_SpinRange(nullptr, nullptr); }}};
+        for (const auto& [kind, operation] : operations) {
+            reset_record();
+            operation();
+            const std::vector<std::wstring> stray = {L"0"};
+            EXPECT_EQ((lacked & kind) != 0 ? stray : std::vector<std::wstring>(), reported())
+                << entity << " " << kind;
+        }
     }
 }
 

@@ -125,15 +125,5 @@ TEST_F(usable_fields, follow_each_change_of_the_connection_at_once) {
     EXPECT_FALSE(buy().get_Enabled());
 }
 
-TEST_F(usable_fields, prices_and_the_date_alone_are_ever_hidden) {
-    make_tab_in(eTM_CC_Connected, true);
-    for (const OD_UpdateEntity entity : {eODUE_OrderType, eODUE_Account, eODUE_TimeInForce}) {
-        EXPECT_FALSE(field(entity).get_Hidden()) << entity;
-    }
-    for (const OD_UpdateEntity entity : {eODUE_Symbol, eODUE_Quantity, eODUE_AskBid, eODUE_Buy, eODUE_Sell}) {
-        EXPECT_FALSE(field(entity).get_Hidden()) << entity;
-    }
-}
-
 }  // namespace
 }  // namespace OV_OrderDeck

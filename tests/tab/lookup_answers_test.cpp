@@ -166,6 +166,34 @@ TEST_F(symbol_control, a_connected_or_connecting_profile_gets_no_question) {
     EXPECT_EQ(0, asked());
 }
 
+TEST_F(symbol_control, the_symbol_is_stored_and_told_before_the_question) {
+    disconnect();
+    CString name;
+    int told = 0;
+    desktop.while_modal([&] {
+        name = text(eODUE_Symbol);
+        told = told_host();
+    });
+    answer(eODLR_Selected, L"PICKED");
+    control().LookupWithDialog();
+    EXPECT_EQ(L"PICKED", name);
+    EXPECT_EQ(1, told);
+    answer(eODLR_Selected, L"TYPED");
+    control().LookupByText(L"typed", true, false);
+    EXPECT_EQ(L"TYPED", name);
+    EXPECT_EQ(2, told);
+    EXPECT_EQ(2, asked());
+}
+
+TEST_F(symbol_control, the_last_known_state_decides_about_the_question) {
+    disconnect();
+    profile->state = eTM_CC_Connected;
+    desktop.answer_message_box(IDNO);
+    control().LookupByText(L"ESZ6", true, false);
+    EXPECT_EQ(1, asked());
+    EXPECT_EQ(0, host.count("get_ConnectionState"));
+}
+
 TEST_F(symbol_control, a_text_confirmed_once_more_asks_once_more) {
     disconnect();
     desktop.answer_message_box(IDNO);

@@ -97,6 +97,20 @@ TEST_F(symbol_control, takes_the_components_own_service_where_none_is_registered
     EXPECT_EQ(0, host.count("Lookup"));
 }
 
+TEST_F(symbol_control, takes_the_service_wherever_it_lives) {
+    com_ptr<IUnknown> factory;
+    ASSERT_EQ(S_OK, CoGetClassObject(__uuidof(LookupImpl), CLSCTX_INPROC_SERVER, nullptr, __uuidof(IUnknown),
+                                     static_cast<void**>(platform::receive(factory))));
+    lookup_class.reset();
+    DWORD cookie = 0;
+    ASSERT_EQ(S_OK, CoRegisterClassObject(__uuidof(LookupImpl), factory.get(), CLSCTX_LOCAL_SERVER,
+                                          REGCLS_MULTIPLEUSE, &cookie));
+    control().LookupByName(L"nothing");
+    EXPECT_EQ(S_OK, CoRevokeClassObject(cookie));
+    EXPECT_EQ(1, host.count("Class(\"LookupImpl\").CreateInstance()"));
+    EXPECT_EQ(1, host.count("Lookup.GetSymbolInfo(\"nothing\", 1, null)"));
+}
+
 TEST_F(symbol_control, lets_its_service_go_with_the_row) {
     control().LookupByName(L"nothing");
     const ULONG with_row = (lookup->AddRef(), lookup->Release());

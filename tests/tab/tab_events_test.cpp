@@ -4,8 +4,8 @@
 #include <boost/make_shared.hpp>
 #include <limits>
 
+#include "tests/support/number_locale_scope.h"
 #include "tests/tab/tab_fixture.h"
-#include "unicomp/FormatUtil/interface/PriceToString.h"
 
 namespace OV_OrderDeck {
 namespace {
@@ -101,27 +101,30 @@ TEST_F(events, a_quote_leaves_the_prices_alone) {
 }
 
 TEST_F(events, a_picked_quote_goes_into_both_prices_even_hidden_ones) {
+    const number_locale_scope conventions(english());
     field(eODUE_OrderType).Select(3);
     reset_record();
     field(eODUE_AskBid).put_Value(_variant_t(101.5));
     EXPECT_EQ((calls{"TabCtrl.Update(1, 0xc00)"}), host.calls());
-    const CPriceToString& format = tab->_get_price_format();
-    EXPECT_EQ(format.ToText(101.5), text(eODUE_FirstPrice));
-    EXPECT_EQ(format.ToText(101.5), text(eODUE_SecondPrice));
+    EXPECT_EQ(L"101.50", text(eODUE_FirstPrice));
+    EXPECT_EQ(L"101.50", text(eODUE_SecondPrice));
 }
 
 TEST_F(events, a_picked_quote_is_limited_to_the_range_of_prices) {
-    const CPriceToString& format = tab->_get_price_format();
+    const number_locale_scope conventions(english());
     tab->_apply_price(300000.0);
-    EXPECT_EQ(format.ToText(250000.0), text(eODUE_FirstPrice));
-    EXPECT_EQ(format.ToText(250000.0), text(eODUE_SecondPrice));
+    EXPECT_EQ(L"250,000.00", text(eODUE_FirstPrice));
+    EXPECT_EQ(L"250,000.00", text(eODUE_SecondPrice));
+    tab->_apply_price(1.0);
     tab->_apply_price(250000.0);
-    EXPECT_EQ(format.ToText(250000.0), text(eODUE_FirstPrice));
+    EXPECT_EQ(L"250,000.00", text(eODUE_FirstPrice));
     tab->_apply_price(0.001);
-    EXPECT_EQ(format.ToText(0.01), text(eODUE_FirstPrice));
-    EXPECT_EQ(format.ToText(0.01), text(eODUE_SecondPrice));
+    EXPECT_EQ(L"0.01", text(eODUE_FirstPrice));
+    EXPECT_EQ(L"0.01", text(eODUE_SecondPrice));
+    tab->_apply_price(1.0);
     tab->_apply_price(-5.0);
-    EXPECT_EQ(format.ToText(0.01), text(eODUE_SecondPrice));
+    EXPECT_EQ(L"0.01", text(eODUE_FirstPrice));
+    EXPECT_EQ(L"0.01", text(eODUE_SecondPrice));
     for (const OD_UpdateEntity price : {eODUE_FirstPrice, eODUE_SecondPrice}) {
         EXPECT_FALSE(field(price).IsEmpty());
     }

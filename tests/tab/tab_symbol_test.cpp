@@ -143,6 +143,17 @@ TEST_F(tab_symbol, a_refused_notice_is_reported_and_the_symbol_stays) {
     EXPECT_EQ(all_fields, host.calls().back());
 }
 
+TEST_F(tab_symbol, results_that_are_not_zero_are_reported_though_they_are_successes) {
+    make_ready_tab();
+    host.fail("ManualTrading.SetSymbol", S_FALSE);
+    put_symbol(L"NQZ6");
+    EXPECT_EQ((std::vector<HRESULT>{S_FALSE}), reported_codes());
+    reset_record();
+    host.fail("ManualTrading.SetAccount", S_FALSE);
+    tab->put_Account(L"A2");
+    EXPECT_EQ((std::vector<HRESULT>{S_FALSE}), reported_codes());
+}
+
 TEST_F(tab_symbol, prices_are_shown_in_the_scale_of_the_present_symbol) {
     make_disconnected_tab();
     EXPECT_EQ(0, tab->_get_price_format().Code);

@@ -4,6 +4,7 @@
 
 #include "diagnostics/BugSlayerUtil.h"
 #include "platform/registry.h"
+#include "platform/text_argument.h"
 #include "unicomp/ProfileVsDataFeedAssociation/interface/ProfileVsDataFeedAssociation.h"
 #include "unicomp/Simples/interface/settings_root.h"
 
@@ -74,33 +75,7 @@ LONG read_row(const platform::registry_key& key, DWORD index, row_buffer& plugin
     return read_text(key, plugin.data(), feed);
 }
 
-}  // namespace
-
-ProfileVsDataFeedAssociations::ProfileVsDataFeedAssociations() {
-    try {
-        for (const built_in_row& row : built_in_rows) {
-            m_feeds[row.plugin] = row.feed;
-        }
-        deserialize();
-        serialize();
-    } catch (const std::bad_alloc&) {
-        _com_issue_error(E_OUTOFMEMORY);
-    }
-}
-
-_bstr_t ProfileVsDataFeedAssociations::context() const {
-    const CString root = settings_root();
-    if (root.empty()) {
-        _com_issue_error(E_FAIL);
-    }
-    return (root + L"\\Plugin vs DataFeed").c_str();
-}
-
-void ProfileVsDataFeedAssociations::deserialize() {
-    platform::registry_key key;
-    if (key.Open(HKEY_CURRENT_USER, platform::text_of(context()), KEY_READ | KEY_WRITE) != ERROR_SUCCESS) {
-        return;
-    }
+void read_rows(const platform::registry_key& key, std::map<_bstr_t, _bstr_t>& feeds) {
     DWORD subkeys = 0;
     DWORD count = 0;
     LONG lRes = key.QueryInfo(subkeys, count);
@@ -114,21 +89,69 @@ void ProfileVsDataFeedAssociations::deserialize() {
         BS_ASSERT(0L == lRes);
         // Deliberate: a row that could not be read is stored with what was read of it, so that it shows up
         // in the table that is written back.
-        m_feeds[plugin.data()] = feed.data();
+        feeds[plugin.data()] = feed.data();
     }
 }
 
-void ProfileVsDataFeedAssociations::serialize() const {
-    platform::registry_key key;
-    const LONG created = key.Create(HKEY_CURRENT_USER, platform::text_of(context()), KEY_READ | KEY_WRITE);
-    if (!BS_ASSERT_TEXT(created == ERROR_SUCCESS,
-                        "key.Create(HKEY_CURRENT_USER, context()) == ERROR_SUCCESS")) {
-        return;
-    }
-    for (const auto& [plugin, feed] : m_feeds) {
+void write_rows(const platform::registry_key& key, const std::map<_bstr_t, _bstr_t>& feeds) {
+    for (const auto& [plugin, feed] : feeds) {
         const LONG Res = key.SetString(platform::text_of(plugin), platform::text_of(feed));
         BS_ASSERT(0L == Res);
     }
+}
+
+// The action's result; memory that runs out is thrown as everything else here is.
+template <class Action>
+auto com_errors_only(const Action& action) {
+    try {
+        return action();
+    } catch (const std::bad_alloc&) {
+        throw _com_error(E_OUTOFMEMORY);
+    }
+}
+
+}  // namespace
+
+ProfileVsDataFeedAssociations::ProfileVsDataFeedAssociations() {
+    com_errors_only([&] {
+        for (const built_in_row& row : built_in_rows) {
+            m_feeds[row.plugin] = row.feed;
+        }
+        deserialize();
+        serialize();
+    });
+}
+
+_bstr_t ProfileVsDataFeedAssociations::context() const {
+    return com_errors_only([] {
+        const CString root = settings_root();
+        if (root.empty()) {
+            _com_issue_error(E_FAIL);
+        }
+        return platform::text_argument(root + L"\\Plugin vs DataFeed");
+    });
+}
+
+void ProfileVsDataFeedAssociations::deserialize() {
+    com_errors_only([&] {
+        platform::registry_key key;
+        if (key.Open(HKEY_CURRENT_USER, platform::text_of(context()), KEY_READ | KEY_WRITE) ==
+            ERROR_SUCCESS) {
+            read_rows(key, m_feeds);
+        }
+    });
+}
+
+void ProfileVsDataFeedAssociations::serialize() const {
+    com_errors_only([&] {
+        platform::registry_key key;
+        const LONG created =
+            key.Create(HKEY_CURRENT_USER, platform::text_of(context()), KEY_READ | KEY_WRITE);
+        if (BS_ASSERT_TEXT(created == ERROR_SUCCESS,
+                           "key.Create(HKEY_CURRENT_USER, context()) == ERROR_SUCCESS")) {
+            write_rows(key, m_feeds);
+        }
+    });
 }
 
 _bstr_t ProfileVsDataFeedAssociations::DetectDataFeedByPluginName(const _bstr_t& plugin) const {

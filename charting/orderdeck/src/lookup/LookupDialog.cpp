@@ -6,6 +6,7 @@
 #include "charting/orderdeck/src/lookup/OwnedText.h"
 #include "charting/orderdeck/src/lookup/QVResizablePropSheetWrap.h"
 #include "diagnostics/BugSlayerUtil.h"
+#include "platform/text_argument.h"
 #include "unicomp/Simples/interface/resource_string.h"
 #include "unicomp/Simples/interface/settings_root.h"
 
@@ -32,10 +33,7 @@ void report(const BugSlayerUtil::code_location& where, const char* text, HRESULT
     }
 }
 
-// Never null.
-_bstr_t text_argument(const CString& text) {
-    return {platform::new_bstr(text), false};
-}
+using platform::text_argument;
 
 // A borrowed text that is never null.
 _bstr_t text_argument(BSTR text) {

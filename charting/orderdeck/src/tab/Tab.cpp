@@ -101,6 +101,7 @@ boost::shared_ptr<ITab> CTab::_keep_alive() {
 void CTab::OnContentReady() {}
 
 void CTab::Refresh() {
+    const auto keep = _keep_alive();
     // Asking live resets the cached state; the answer itself is of no use here.
     m_pProfile->get_ConnectionState(false);
     _reload_lists();
@@ -138,6 +139,7 @@ void CTab::_reload_lists() {
 }
 
 void CTab::_on_symbol_changed() {
+    const auto keep = _keep_alive();
     if (!m_controls->m_pSymbol->IsEmpty() && _is_connected()) {
         m_controls->m_pAccount->Update();
         _clear_prices();
@@ -149,6 +151,7 @@ void CTab::_on_symbol_changed() {
 }
 
 void CTab::_on_order_type_changed() {
+    const auto keep = _keep_alive();
     _clear_prices();
     m_controls->m_pTimeInForce->Update(m_controls->m_pOrderType->get_OrderType());
     _update(UpdateMask::OrderType);
@@ -179,6 +182,7 @@ CString CTab::get_SymbolName() {
 }
 
 void CTab::put_SymbolName(const wchar_t* name) {
+    const auto keep = _keep_alive();
     // The symbol of such a profile is restored by its id.
     if (!m_controls->m_pSymbol->IsPluginSupported(m_pProfile->get_PluginName(true).c_str())) {
         m_controls->m_pSymbol->LookupByName(name != nullptr ? name : L"");
@@ -216,6 +220,7 @@ void CTab::put_Account(const wchar_t* name) {
     if ((name != nullptr ? name : L"") == get_Account()) {
         return;
     }
+    const auto keep = _keep_alive();
     // Deliberate: an unknown name leaves the selection, and that account is sent once more.
     m_controls->m_pAccount->SelectByName(name);
     _set_current_account();
@@ -234,6 +239,7 @@ LONG CTab::OnQuote(double bid, double ask) {
 }
 
 LONG CTab::OnConnectionState(ETM_ConnectionChanged state) {
+    const auto keep = _keep_alive();
     _reload_lists();
     unsigned mask = 0;
     switch (state) {

@@ -12,6 +12,7 @@
 #include "charting/orderdeck/src/tab/Tab.h"
 #include "charting/orderdeck/src/tab/Truncate.h"
 #include "diagnostics/BugSlayerUtil.h"
+#include "platform/text_argument.h"
 #include "unicomp/Simples/interface/FillText.h"
 #include "unicomp/Simples/interface/resource_string.h"
 
@@ -20,10 +21,6 @@ namespace OV_OrderDeck {
 namespace {
 
 constexpr UINT enter_a_value = 122;
-
-_bstr_t text_argument(const CString& text) {
-    return {platform::new_bstr(text), false};
-}
 
 template <class Price>
 double price_of(Price& field) {
@@ -42,7 +39,7 @@ com_ptr<ITC_ManualTrading> CTab::_get_mt() {
 
 void CTab::_set_current_account() {
     const com_ptr<ITC_ManualTrading> trading = _get_mt();
-    const _bstr_t account = text_argument(m_controls->m_pAccount->get_Account());
+    const _bstr_t account = platform::text_argument(m_controls->m_pAccount->get_Account());
     BS_ASSERT_OK_TEXT(trading->SetAccount(account.copy(false)), "SetAccount");
 }
 
@@ -54,7 +51,7 @@ void CTab::_set_current_symbol() {
     // The copy keeps the borrowed texts while the host may change the symbol in its call.
     const CSymbolInfo symbol = m_controls->m_pSymbol->get_Symbol();
     SManualSymbol record = make_manual_symbol(symbol);
-    const _bstr_t feed = text_argument(_get_data_feed());
+    const _bstr_t feed = platform::text_argument(_get_data_feed());
     BS_ASSERT_OK_TEXT(_trad->SetSymbol(&record, feed.copy(false)), "SetSymbol");
 }
 

@@ -1,8 +1,6 @@
 #include "charting/orderdeck/src/window/PriceEdit.h"
 
-#include <algorithm>
-#include <limits>
-
+#include "charting/orderdeck/src/tab/Truncate.h"
 #include "charting/orderdeck/src/window/PanelItems.h"
 #include "charting/orderdeck/src/window/ProfileTabWindow.h"
 #include "charting/orderdeck/src/window/WindowText.h"
@@ -14,12 +12,6 @@ namespace OV_OrderDeck::details {
 namespace {
 
 constexpr UINT range_text = 122;
-
-CString whole_part(double value) {
-    using limits = std::numeric_limits<LONG>;
-    return std::to_wstring(static_cast<LONG>(
-        std::clamp(value, static_cast<double>(limits::min()), static_cast<double>(limits::max()))));
-}
 
 }  // namespace
 
@@ -38,7 +30,8 @@ void CPriceEdit::OnUpdate() {
     field->get_ValueRange(&low, &high);
     m_panel->get_Tips().Show(
         m_hWnd, resource_string::text(m_title),
-        Unicomp::fill_text(resource_string::text(range_text), {whole_part(low), whole_part(high)}));
+        Unicomp::fill_text(resource_string::text(range_text),
+                           {std::to_wstring(truncate(low)), std::to_wstring(truncate(high))}));
 }
 
 void CPriceEdit::OnDeltaSpinChanged(int delta) {

@@ -3,6 +3,7 @@
 
 #include <commctrl.h>
 
+#include "charting/orderdeck/src/tab/Truncate.h"
 #include "charting/orderdeck/src/window/PanelItems.h"
 #include "charting/orderdeck/src/window/ProfileTabWindow.h"
 #include "charting/orderdeck/src/window/WindowText.h"
@@ -92,8 +93,7 @@ void CProfileTabWindow::_update_lookup(HWND window, IUnifyControl& field, bool b
                                                                                        : other_quantity);
         }
         m_lastCategory = category;
-        m_ask_bid.SetFormat(pSymbolCtrl->get_PriceScaleCode(),
-                            static_cast<LONG>(pSymbolCtrl->get_MinMovement()));
+        m_ask_bid.SetFormat(pSymbolCtrl->get_PriceScaleCode(), truncate(pSymbolCtrl->get_MinMovement()));
         m_ask_bid.Redraw();
     }
     _update_text(window, field);

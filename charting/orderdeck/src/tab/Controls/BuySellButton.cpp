@@ -3,7 +3,6 @@
 #include <stdexcept>
 
 #include "charting/orderdeck/src/tab/Controls/OrderTypeCombo.h"
-#include "charting/orderdeck/src/tab/Controls/QuantityEdit.h"
 #include "charting/orderdeck/src/tab/Controls/Usable.h"
 #include "charting/orderdeck/src/tab/Tab.h"
 #include "unicomp/FormatUtil/interface/NumberFormat.h"
@@ -34,11 +33,12 @@ bool CBuySellButtonBase::get_Enabled() {
 }
 
 CString CBuySellButtonBase::_caption(UINT verb) {
-    const CControlsHolder& fields = _tab().get_Controls();
     // The key as it is: without an order type the face is refused like any other unknown category.
-    const UINT word = word_of(fields.m_pOrderType->get_SelectedItem(nullptr));
+    const UINT word = word_of(_tab().get_Controls().m_pOrderType->get_SelectedItem(nullptr));
+    _variant_t quantity = _tab()._get_quantity();
+    quantity.ChangeType(VT_I4);
     return resource_string::text(verb) + L" " + resource_string::text(word) + L"\n" +
-           local_format::CNumberFormat::IntegerToText(fields.m_pQuantity->get_Quantity());
+           local_format::CNumberFormat::IntegerToText(V_I4(&quantity));
 }
 
 void CBuySellButtonBase::_place_order(LONG action) {

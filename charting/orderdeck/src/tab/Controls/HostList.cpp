@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <initializer_list>
 
-#include "diagnostics/BugSlayerUtil.h"
-
 namespace OV_OrderDeck {
 namespace {
 
@@ -45,7 +43,6 @@ bool is_list_of_numbers(SAFEARRAY* array) {
 }
 
 std::vector<CString> texts_of(SAFEARRAY* array) {
-    BS_REQUIRE(is_list_of_texts(array), DISP_E_TYPEMISMATCH);
     std::vector<CString> result;
     each(array, [&](LONG index) {
         _bstr_t text;
@@ -56,7 +53,6 @@ std::vector<CString> texts_of(SAFEARRAY* array) {
 }
 
 std::vector<LONG> numbers_of(SAFEARRAY* array) {
-    BS_REQUIRE(is_list_of_numbers(array), DISP_E_TYPEMISMATCH);
     std::vector<LONG> result;
     each(array, [&](LONG index) {
         LONG number = 0;

@@ -12,7 +12,8 @@ namespace OV_OrderDeck {
 bool is_list_of_texts(SAFEARRAY* array);
 bool is_list_of_numbers(SAFEARRAY* array);
 
-// The elements of such a list. Any other array is reported and throws _com_error (DISP_E_TYPEMISMATCH).
+// The elements of a list for which the question above was answered with yes. Throw _com_error when the array
+// does not give one.
 std::vector<CString> texts_of(SAFEARRAY* array);
 std::vector<LONG> numbers_of(SAFEARRAY* array);
 

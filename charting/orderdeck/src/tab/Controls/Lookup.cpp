@@ -7,6 +7,7 @@
 #include "charting/orderdeck/src/tab/Tab.h"
 #include "diagnostics/BugSlayerUtil.h"
 #include "platform/class_factory.h"
+#include "platform/text_argument.h"
 #include "unicomp/Simples/interface/FillText.h"
 #include "unicomp/Simples/interface/resource_string.h"
 
@@ -25,18 +26,11 @@ void require(const BugSlayerUtil::code_location& where, const char* text, HRESUL
     }
 }
 
-// Never null: the service takes an empty text as a text.
-_bstr_t text_argument(const CString& text) {
-    return {platform::new_bstr(text), false};
-}
-
-// The service as the host or the machine has registered it; without that the component's own, since a host
-// may load the component by its path and register nothing. A server in another process is not asked for:
-// to find that there is none takes seconds.
+// The service as the host or the machine has registered it, wherever it lives; without that the component's
+// own, since a host may load the component by its path and register nothing.
 HRESULT create_service(com_ptr<IOD_LookupImpl>& lookup) {
-    const HRESULT hr =
-        CoCreateInstance(__uuidof(LookupImpl), nullptr, CLSCTX_INPROC_SERVER, __uuidof(IOD_LookupImpl),
-                         static_cast<void**>(platform::receive(lookup)));
+    const HRESULT hr = CoCreateInstance(__uuidof(LookupImpl), nullptr, CLSCTX_ALL, __uuidof(IOD_LookupImpl),
+                                        static_cast<void**>(platform::receive(lookup)));
     if (hr != REGDB_E_CLASSNOTREG) {
         return hr;
     }
@@ -139,7 +133,7 @@ void CLookup::LookupById(LONG id) {
 
 bool CLookup::IsPluginSupported(const wchar_t* name) {
     VARIANT_BOOL supported = VARIANT_FALSE;
-    const _bstr_t plugin = text_argument(name != nullptr ? name : L"");
+    const _bstr_t plugin = platform::text_argument(name != nullptr ? name : L"");
     const HRESULT hr = _get_lookup().IsPluginSupported(plugin.copy(false), &supported);
     if (FAILED(hr)) {
         BugSlayerUtil::assertion(BS_HERE, "IsPluginSupported", hr);
@@ -167,7 +161,7 @@ IOD_LookupImpl& CLookup::_get_lookup() {
     }
     // The interface carries the low 32 bits of the window, which are all of a handle that count.
     const auto parent = static_cast<LONG>(reinterpret_cast<INT_PTR>(FindMainFrame()));
-    const _bstr_t plugin = text_argument(_tab().get_Profile()->get_PluginName(true));
+    const _bstr_t plugin = platform::text_argument(_tab().get_Profile()->get_PluginName(true));
     require(BS_HERE, "Initialize", lookup->Initialize(parent, plugin.copy(false), VARIANT_FALSE, nullptr));
     m_pLookup = lookup;
     return *m_pLookup;
@@ -182,7 +176,7 @@ OD_LookupResult CLookup::_lookup_impl(LONG id, const CString& name, bool bQuiet,
         if (m_symbol.valid()) {
             m_symbol.copy_to(present);
         }
-        const _bstr_t text = text_argument(name);
+        const _bstr_t text = platform::text_argument(name);
         require(BS_HERE, "GetSymbolInfo",
                 lookup.GetSymbolInfo(text.copy(false), bQuiet ? quiet_flag : 0,
                                      m_symbol.valid() ? &present : nullptr, &info, &result));
