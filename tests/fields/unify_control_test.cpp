@@ -7,13 +7,13 @@
 #include <utility>
 
 #include "tests/fields/fields_fixture.h"
-#include "tests/support/slot.h"
+#include "tests/support/interface_order.h"
 
 namespace OV_OrderDeck {
 namespace {
 
+using test::place;
 using test::raised_by;
-using test::slot;
 
 static_assert(eODUE_Symbol == 128 && eODUE_OrderType == 256 && eODUE_Quantity == 512);
 static_assert(eODUE_FirstPrice == 1024 && eODUE_SecondPrice == 2048 && eODUE_Account == 4096);
@@ -39,32 +39,32 @@ static_assert(!std::is_copy_constructible_v<CQuantityEdit> && !std::is_copy_assi
 static_assert(std::has_virtual_destructor_v<IUnifyControl>);
 
 TEST(unify_control, operations_stand_in_their_order) {
-    const std::ptrdiff_t slots[] = {
-        slot(&IUnifyControl::Select),        slot(&IUnifyControl::get_Count),
-        slot(&IUnifyControl::get_Item),      slot(&IUnifyControl::get_SelectedItem),
-        slot(&IUnifyControl::get_Checked),   slot(&IUnifyControl::get_Enabled),
-        slot(&IUnifyControl::get_Hidden),    slot(&IUnifyControl::put_Value),
-        slot(&IUnifyControl::get_Value),     slot(&IUnifyControl::get_ValueRange),
-        slot(&IUnifyControl::get_SpinRange), slot(&IUnifyControl::IsEmpty)};
-    for (std::size_t place = 0; place < std::size(slots); ++place) {
-        EXPECT_EQ(static_cast<std::ptrdiff_t>(place), slots[place]);
+    const std::size_t places[] = {
+        place(&IUnifyControl::Select),        place(&IUnifyControl::get_Count),
+        place(&IUnifyControl::get_Item),      place(&IUnifyControl::get_SelectedItem),
+        place(&IUnifyControl::get_Checked),   place(&IUnifyControl::get_Enabled),
+        place(&IUnifyControl::get_Hidden),    place(&IUnifyControl::put_Value),
+        place(&IUnifyControl::get_Value),     place(&IUnifyControl::get_ValueRange),
+        place(&IUnifyControl::get_SpinRange), place(&IUnifyControl::IsEmpty)};
+    for (std::size_t i = 0; i < std::size(places); ++i) {
+        EXPECT_EQ(i + 1, places[i]);
     }
 }
 
 TEST(unify_control, added_operations_follow_those_of_the_interface_in_their_order) {
     // Behind IsEmpty stand the two entries of the virtual destructor.
-    const std::ptrdiff_t first = slot(&IUnifyControl::IsEmpty) + 3;
-    EXPECT_EQ(first, slot(&ISymbolCtrl::get_Category));
-    EXPECT_EQ(first + 1, slot(&ISymbolCtrl::get_PriceScaleCode));
-    EXPECT_EQ(first + 2, slot(&ISymbolCtrl::get_MinMovement));
-    EXPECT_EQ(first + 3, slot(&ISymbolCtrl::LookupWithDialog));
-    EXPECT_EQ(first + 4, slot(&ISymbolCtrl::LookupByText));
-    EXPECT_EQ(first, slot(&IAskBidCtrl::get_Ask));
-    EXPECT_EQ(first + 1, slot(&IAskBidCtrl::get_Bid));
-    EXPECT_EQ(first, slot(&CUnifyControlImpl<IUnifyControl>::put_Enabled));
-    EXPECT_EQ(first + 5, slot(&CUnifyControlImpl<ISymbolCtrl>::put_Enabled));
-    EXPECT_EQ(first + 2, slot(&CUnifyControlImpl<IAskBidCtrl>::put_Enabled));
-    EXPECT_EQ(first + 1, slot(&CListImpl<IUnifyControl>::Reset));
+    const std::size_t first = place(&IUnifyControl::IsEmpty) + 3;
+    EXPECT_EQ(first, place(&ISymbolCtrl::get_Category));
+    EXPECT_EQ(first + 1, place(&ISymbolCtrl::get_PriceScaleCode));
+    EXPECT_EQ(first + 2, place(&ISymbolCtrl::get_MinMovement));
+    EXPECT_EQ(first + 3, place(&ISymbolCtrl::LookupWithDialog));
+    EXPECT_EQ(first + 4, place(&ISymbolCtrl::LookupByText));
+    EXPECT_EQ(first, place(&IAskBidCtrl::get_Ask));
+    EXPECT_EQ(first + 1, place(&IAskBidCtrl::get_Bid));
+    EXPECT_EQ(first, place(&CUnifyControlImpl<IUnifyControl>::put_Enabled));
+    EXPECT_EQ(first + 5, place(&CUnifyControlImpl<ISymbolCtrl>::put_Enabled));
+    EXPECT_EQ(first + 2, place(&CUnifyControlImpl<IAskBidCtrl>::put_Enabled));
+    EXPECT_EQ(first + 1, place(&CListImpl<IUnifyControl>::Reset));
 }
 
 class PlainField : public CUnifyControlImpl<IUnifyControl> {};
