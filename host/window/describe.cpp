@@ -141,7 +141,7 @@ std::string day_text(const SYSTEMTIME& day) {
     return text.data();
 }
 
-// Where the days of a calendar can be clicked, those of the month on view: a point within each.
+// Where the days of a calendar can be clicked, those of the months before and after too: a point within each.
 void add_days(HWND window, json& out) {
     constexpr LONG step = 4;
     out["days"] = json::object();
@@ -153,7 +153,8 @@ void add_days(HWND window, json& out) {
             hit.cbSize = sizeof(hit);
             hit.pt = {x, y};
             SendMessageW(window, MCM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
-            if (hit.uHit == MCHT_CALENDARDATE) {
+            if (hit.uHit == MCHT_CALENDARDATE || hit.uHit == MCHT_CALENDARDATEPREV ||
+                hit.uHit == MCHT_CALENDARDATENEXT) {
                 out["days"][day_text(hit.st)] = client_rect_of(window, {x, y, x + 1, y + 1});
             }
         }
