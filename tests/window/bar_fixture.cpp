@@ -93,10 +93,14 @@ void fake_tab::become(ETM_ConnectionChanged state) {
     profile->get_ConnectionState(false);
 }
 
+void fake_tab::note_id(LONG told) {
+    s_lowest_id = s_lowest_id == 0 ? told : std::min(s_lowest_id, told);
+}
+
 void fake_tab::put_Id(LONG new_id) {
     calls.emplace_back("id");
     id = new_id;
-    s_lowest_id = s_lowest_id == 0 ? new_id : std::min(s_lowest_id, new_id);
+    note_id(new_id);
     if (when_told_id) {
         when_told_id(new_id);
     }

@@ -95,6 +95,8 @@ public:
 
     // The lowest id that a tab of this process was told; 0 before the first.
     static LONG lowest_id() { return s_lowest_id; }
+    // Tells of a tab that is no fake.
+    static void note_id(LONG told);
 
 private:
     inline static LONG s_lowest_id = 0;

@@ -58,6 +58,7 @@ protected:
         const auto row = boost::make_shared<CTab>(platform::make_com<CProfileWrap>(profile.get()));
         row->SetContent(bar);
         EXPECT_NE(bar->AddTab(row, false), 0);
+        window_tests::fake_tab::note_id(row->get_Id());
         profile->fire_state(state);
         rows.push_back(row);
         return profile;
