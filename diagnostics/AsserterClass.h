@@ -14,7 +14,8 @@ public:
 
     // Writes an assertion record; the text may be empty. Gives what the library's processing gave, S_OK
     // when the library did not want the record, 0x80004005 when there is no library or no record. What
-    // comes back is to be handed to Act.
+    // comes back is to be handed to Act. Deliberate: what a failed "CREATE" gave is not handed on, since
+    // nobody has seen the report that it would act for.
     HRESULT Report(const CString& text, std::optional<HRESULT> hr = {}) noexcept;
 
     // See BugSlayerClient::Act.

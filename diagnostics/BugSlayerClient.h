@@ -9,8 +9,9 @@
 namespace BugSlayerUtil {
 
 // The connection to the diagnostics library: one for each module. Every operation may be called on any
-// thread, throws nothing, and keeps the thread's last error. All but the first two connect first if
-// needed and give 0x80004005 while there is no library. The order of the virtual operations is fixed.
+// thread, throws nothing, and keeps the thread's last error. Those from Terminate to TraceEnabled connect
+// first if needed and give 0x80004005 while there is no library. The order of the virtual operations is
+// fixed.
 class BugSlayerClient {
 public:
     BugSlayerClient() = default;

@@ -28,7 +28,8 @@ __attribute__((format(printf, 2, 3))) void tracef(const code_location& where, co
 // record belongs to whoever catches it.
 [[noreturn]] void throw_error(const code_location& where, const char* text);
 
-// Reports the assertion unless it held. Gives whether it held.
+// Reports the assertion unless it held. Gives whether it held. Deliberate: what holds does not ask for the
+// client, so it costs nothing and waits for no debugger.
 inline bool check(bool held, const code_location& where, const char* text) noexcept {
     if (!held) {
         assertion(where, text);
@@ -60,11 +61,11 @@ inline bool check_ok(HRESULT hr, const code_location& where, const char* text) n
         ::BugSlayerUtil::assertion(BS_HERE, text); \
         _com_issue_error(hr);                      \
     } while (false)
-#define BS_REQUIRE(expression, hr)    \
-    do {                              \
-        if (!BS_ASSERT(expression)) { \
-            _com_issue_error(hr);     \
-        }                             \
+#define BS_REQUIRE(expression, hr)                      \
+    do {                                                \
+        if (!BS_ASSERT_TEXT(expression, #expression)) { \
+            _com_issue_error(hr);                       \
+        }                                               \
     } while (false)
 
 // The catch ladder. Call it in a catch-all handler: it looks at the exception in flight, writes the

@@ -34,7 +34,6 @@ public:
 protected:
     const code_location& where() const noexcept { return m_where; }
     int group() const noexcept { return m_options.group; }
-    DWORD last_error() const noexcept { return m_dwLastError; }
     BugSlayerClient& client() const noexcept { return m_client; }
 
 private:

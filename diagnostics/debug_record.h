@@ -25,6 +25,7 @@ public:
     // "FILTER", then "PROCESS" unless the filter stopped it, which gives S_OK.
     HRESULT Process() noexcept;
 
+    // Each says which type the field has: empty, BSTR, UI4, INT, I4, UI8, R8, BOOL.
     void SetMark(const wchar_t* name);
     void SetText(const wchar_t* name, const CString& text);
     void SetText(const wchar_t* name, const char* utf8);

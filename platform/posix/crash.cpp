@@ -42,6 +42,8 @@ DWORD code_of(int signal) {
             return 0xC000001D;
         case SIGBUS:
             return 0x80000002;
+        case SIGTRAP:
+            return 0x80000003;
         default:
             return 0xC0000005;
     }

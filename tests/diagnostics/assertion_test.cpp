@@ -232,9 +232,11 @@ TEST_F(Assertion, IsFollowedByAComErrorWhereTheCallerCannotGoOn) {
     EXPECT_EQ(raised([&] { BS_REQUIRE(owner != nullptr, E_POINTER); }), E_POINTER);
     EXPECT_EQ(raised([&] { BS_RAISE("no way on", E_FAIL); }), E_FAIL);
     EXPECT_EQ(raised([&] { BS_REQUIRE(owner == nullptr, E_POINTER); }), S_OK);
-    ASSERT_EQ(recorder.assertions().size(), 2u);
+    EXPECT_EQ(raised([] { BS_REQUIRE(FAILED(S_OK), E_FAIL); }), E_FAIL);
+    ASSERT_EQ(recorder.assertions().size(), 3u);
     EXPECT_EQ(recorder.assertions()[0].description, L"owner != nullptr");
     EXPECT_EQ(recorder.assertions()[1].description, L"no way on");
+    EXPECT_EQ(recorder.assertions()[2].description, L"FAILED(S_OK)") << "as it stands in the code";
 }
 
 }  // namespace

@@ -145,6 +145,22 @@ TEST(Crash, IsReportedAndGoesOnToTheEarlierFilterWhateverTheAnswer) {
     EXPECT_EQ(child.wait(), 7);
 }
 
+CHILD_MAIN(breaks) {
+    const printing_recorder recorder;
+    platform::set_unhandled_filter(&printing_filter);
+    BugSlayerUtil::install_crash_handlers();
+    platform::debug_break();
+    std::cout << "after\n" << std::flush;
+    return 0;
+}
+
+TEST(Crash, ThatIsABreakHasItsOwnCode) {
+    child_process child("breaks");
+    EXPECT_EQ(lines_of(child), (Lines{"CREATE", "PROCESS", "RELEASE", "type 1, code 80000003 and 80000003",
+                                      "earlier filter"}));
+    EXPECT_EQ(child.wait(), 7);
+}
+
 CHILD_MAIN(ends_as_it_should) {
     static printing_recorder& recorder = *new printing_recorder;
     BugSlayerUtil::trace(BS_HERE, L"last words");

@@ -21,9 +21,9 @@ using reset_mode = platform::event::reset_mode;
 
 CThreadBase::CThreadBase(utils::ITaskStorage* storage, unsigned stackSize)
     : CAOTransportBase(storage),
+      m_stackSize(stackSize),
       m_threadState(reset_mode::manual, Stopped),
-      m_wakeEvent(reset_mode::automatic, Idle),
-      m_stackSize(stackSize) {
+      m_wakeEvent(reset_mode::automatic, Idle) {
     m_threadState.SetState(Stopped);
 }
 

@@ -29,8 +29,11 @@ protected:
     // What the new thread runs; argument is the transport.
     static DWORD ThrFunc(void* argument);
 
+    unsigned m_stackSize;
+    std::atomic<bool> m_noAutoStart{false};
     MTUtils::CMTUEvent m_threadState;
     MTUtils::CMTUEvent m_wakeEvent;
+    std::atomic<DWORD> m_threadId{0};
     platform::thread m_threadHandle;
 
 private:
@@ -42,10 +45,6 @@ private:
     static void _dispatch_messages();
     void _ensure_started();
     void _end_thread(DWORD timeout);
-
-    unsigned m_stackSize;
-    std::atomic<bool> m_noAutoStart{false};
-    std::atomic<DWORD> m_threadId{0};
 };
 
 class CThread : public CThreadBase {

@@ -14,15 +14,23 @@ public:
     virtual bool Execute(const task_ptr& task) = 0;
     // From now on tasks are refused; discard also drops those that are queued.
     virtual void DisableTasks(bool discard) = 0;
+    // Tasks are taken again.
     virtual void EnableTasks() = 0;
+    // Stops first what runs. Whether it runs now; tasks are taken then. Throws local_rpc_exception when the
+    // system gives no thread or no window.
     virtual bool Start() = 0;
+    // StopEx without a time limit.
     virtual void Stop(bool discard, bool disable) = 0;
-    // timeout in milliseconds.
+    // timeout in milliseconds, INFINITE for ever. discard drops what is queued, disable has tasks refused
+    // from then on. Each transport says what its result means.
     virtual bool StopEx(bool discard, DWORD timeout, bool disable) = 0;
     virtual bool IsStarted() const = 0;
     virtual bool IsTasksDisabled() const = 0;
+    // The dropped tasks die on the calling thread; who waits for one of them waits on.
     virtual void DiscardTasks() = 0;
+    // Of the thread that runs the tasks.
     virtual DWORD GetThreadId() const = 0;
+    // From now on a task does not start the thread. Nothing on a transport without one.
     virtual void DisableAutoStart() = 0;
     virtual ~IAOTransport() = default;
 };
@@ -102,7 +110,7 @@ public:
 protected:
     explicit CAOTransportBase(utils::ITaskStorage* storage) : m_pStorage(storage) {}
 
-    // Recursive, since starting may first stop.
+    // Recursive: the task that starts the thread holds it, and starting takes it again.
     std::recursive_mutex m_lock;
     utils::ITaskStorage* m_pStorage;
 };

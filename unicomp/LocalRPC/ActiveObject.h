@@ -9,6 +9,8 @@ class CActiveObject_base : private boost::noncopyable {
 public:
     // False when the task was refused. Throws local_rpc_exception when the transport will not start.
     bool Execute(const task_ptr& task) { return m_pTransport->Execute(task); }
+    // As the transport's: Start throws local_rpc_exception when the system gives no thread or no window;
+    // timeout in milliseconds.
     bool Start() { return m_pTransport->Start(); }
     void Stop(bool discard, bool disable) { m_pTransport->Stop(discard, disable); }
     bool StopEx(bool discard, DWORD timeout, bool disable) {

@@ -21,6 +21,7 @@ public:
         return m_state.compare_exchange_strong(expected, state);
     }
     void Reset() { m_event.Reset(); }
+    // timeout in milliseconds. WAIT_OBJECT_0, WAIT_TIMEOUT or WAIT_FAILED.
     DWORD Wait(DWORD timeout) { return m_event.Wait(timeout); }
     platform::event& get_Event() { return m_event; }
 
@@ -31,10 +32,13 @@ private:
     std::atomic<LONG> m_state;
 };
 
-// The blocking wait behind a synchronous call. flags: Alertable, Pumping. A pumping wait handles this
-// thread's messages meanwhile; its timeout bounds one turn of the loop and not the whole wait.
+// Alertable: calls that the system queued to this thread run and end the wait. Pumping: this thread's
+// messages are handled meanwhile.
 enum WaitFlags : DWORD { Alertable = 1, Pumping = 2 };
 
+// The blocking wait behind a synchronous call; flags of WaitFlags. timeout in milliseconds; that of a
+// pumping wait bounds one turn of the loop and not the whole wait. WAIT_OBJECT_0, WAIT_TIMEOUT,
+// WAIT_FAILED, or WAIT_IO_COMPLETION when such a call has run.
 DWORD WaitForEvent(platform::event& event, DWORD timeout, DWORD flags);
 
 }  // namespace MTUtils

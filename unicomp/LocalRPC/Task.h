@@ -45,6 +45,7 @@ inline void intrusive_ptr_release(ITask* task) {
 
 using task_ptr = boost::intrusive_ptr<ITask>;
 
+// The count. Nobody holds a new task: the factory takes the first reference.
 class CTaskCounter : public ITask, private boost::noncopyable {
 public:
     ULONG AddRef() override { return ++m_refCount; }
@@ -78,6 +79,7 @@ struct CFakeEvent {
 
 }  // namespace details
 
+// Holds the call, the time of its making and the event that Wait waits on, which lives as long as the task.
 template <class Functor, class Event>
 class CBaseTask : public CTaskResult<void> {
 public:

@@ -9,11 +9,13 @@ namespace LocalRPC::details::utils {
 
 class ITaskStorage {
 public:
+    // Takes a reference. Throws std::bad_alloc.
     virtual void Push(const task_ptr& task) = 0;
     // Moves the front task out; leaves task as it is when there is none.
     virtual void Pop(task_ptr& task) = 0;
     // After each task that has run.
     virtual void OnTaskDone() = 0;
+    // Drops every task.
     virtual void Clear() = 0;
 
 protected:

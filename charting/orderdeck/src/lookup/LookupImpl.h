@@ -49,6 +49,7 @@ private:
     bool _take_choice(IDataProperty& data, OD_SSymbolInfo& info);
     CString _caption() const;
 
+    // Not private, for a derived class that has work of its own for the worker.
 protected:
     // Guards the caption.
     mutable std::mutex m_lock;
