@@ -5,6 +5,7 @@
 #include <tuple>
 #include <utility>
 
+#include "tests/support/diagnostics_recorder.h"
 #include "tests/support/win32/told_import.h"
 #include "tests/window/hot_keys_fixture.h"
 #include "tests/window/menu_user.h"
@@ -25,6 +26,12 @@ class AddHotKeys : public testing::Test {
 protected:
     ~AddHotKeys() override { DestroyMenu(menu); }
 
+    // Whatever fails on the way, nobody is told.
+    void TearDown() override {
+        EXPECT_THAT(reports.assertions(), IsEmpty());
+        EXPECT_THAT(reports.traces(), IsEmpty());
+    }
+
     static void append(HMENU to, UINT id, const wchar_t* text) { AppendMenuW(to, MF_STRING, id, text); }
     void bind(UINT id, std::uint32_t key) {
         keys.told().bind(1, (L"item " + std::to_wstring(id)).c_str(), key);
@@ -37,6 +44,7 @@ protected:
         return all;
     }
 
+    diagnostics_recorder reports;
     window_tests::hot_keys keys;
     HMENU menu = CreatePopupMenu();
 };
