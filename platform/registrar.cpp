@@ -1,7 +1,6 @@
 #include "platform/registrar.h"
 
 #include <cwctype>
-#include <optional>
 #include <stdexcept>
 #include <vector>
 
@@ -22,8 +21,6 @@ struct token {
 struct script_value {
     CString name;
     CString text;
-    // Set for a number, whose text then counts for nothing.
-    std::optional<DWORD> number;
 };
 
 struct script_key {
@@ -131,19 +128,10 @@ private:
     }
 
     script_value value(const CString& name) {
-        const token kind = next();
-        if (!kind.is(L"s") && !kind.is(L"d")) {
+        if (!next().is(L"s")) {
             throw script_error("an unknown type of value");
         }
-        script_value result{name, expand(next().text), {}};
-        if (kind.is(L"d")) {
-            std::size_t used = 0;
-            result.number = static_cast<DWORD>(std::stoul(result.text, &used));
-            if (used != result.text.size()) {
-                throw script_error("a number with text behind it");
-            }
-        }
-        return result;
+        return {name, expand(next().text)};
     }
 
     CString expand(const CString& text) const {
@@ -158,9 +146,7 @@ private:
                 throw script_error("a replacement is not closed");
             }
             const CString name = text.substr(i + 1, end - i - 1);
-            if (name.empty()) {
-                result += L'%';
-            } else if (const auto found = m_replacements.find(name); found != m_replacements.end()) {
+            if (const auto found = m_replacements.find(name); found != m_replacements.end()) {
                 result += found->second;
             } else {
                 throw script_error("an unknown replacement");
@@ -196,8 +182,7 @@ void write(HKEY root, const CString& parent, const std::vector<script_key>& keys
         registry_key handle;
         check(handle.Create(root, path));
         for (const script_value& value : key.values) {
-            check(value.number ? handle.SetDWORD(value.name, *value.number)
-                               : handle.SetString(value.name, value.text));
+            check(handle.SetString(value.name, value.text));
         }
         write(root, path, key.keys);
     }

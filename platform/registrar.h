@@ -22,11 +22,10 @@ namespace platform {
 //         }
 //     }
 //
-// A key may have a default value and a body; "val" sets a named value; "s" is text and "d" a decimal
-// number. Names and values that hold blanks or braces stand in single quotes. %NAME% is replaced, %% is
-// one percent sign. Registering with ForceRemove starts from an empty key. Unregistering deletes the keys
-// of the script that are left without subkeys, with ForceRemove the whole key; a NoRemove key goes only
-// when nothing at all is left in it.
+// A key may have a default value and a body; "val" sets a named value; "s" says that the value is text.
+// Names and values that hold blanks or braces stand in single quotes. %NAME% is replaced. Registering with
+// ForceRemove starts from an empty key. Unregistering deletes the keys of the script that are left without
+// subkeys, with ForceRemove the whole key; a NoRemove key goes only when nothing at all is left in it.
 //
 // HKCR stands for the classes of the current user, for which no rights are needed, or for those of the
 // machine.

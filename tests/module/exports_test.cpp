@@ -13,6 +13,17 @@ TEST(Module, ExportsItsFiveEntryPointsAndNothingElse) {
                                                     "DllRegisterServer", "DllUnregisterServer"));
 }
 
+TEST(Module, AnswersTrueToEveryReasonButItsOwnStart) {
+    const test::component dll;
+    using entry_point = BOOL(WINAPI*)(HINSTANCE, DWORD, LPVOID);
+    const auto main =
+        reinterpret_cast<entry_point>(reinterpret_cast<void*>(GetProcAddress(dll.handle(), "DllMain")));
+    ASSERT_NE(main, nullptr);
+    for (const DWORD reason : {DLL_THREAD_ATTACH, DLL_THREAD_DETACH, DLL_PROCESS_DETACH}) {
+        EXPECT_EQ(main(dll.handle(), reason, nullptr), TRUE) << reason;
+    }
+}
+
 TEST(Module, ServesBarAndLookupAndRefusesAnyOtherClass) {
     const test::component dll;
     EXPECT_TRUE(dll.factory(test::clsid_order_deck));

@@ -20,7 +20,7 @@ std::wstring value_of(const std::wstring& path, const wchar_t* name) {
     wchar_t text[512] = {};
     DWORD type = 0;
     DWORD bytes = sizeof(text) - sizeof(wchar_t);
-    if (key.Open(HKEY_CURRENT_USER, std::wstring(classes) + path, KEY_READ) != ERROR_SUCCESS ||
+    if (key.Open(HKEY_CLASSES_ROOT, path, KEY_READ) != ERROR_SUCCESS ||
         key.QueryValue(name, type, reinterpret_cast<BYTE*>(text), bytes) != ERROR_SUCCESS || type != REG_SZ) {
         return L"(none)";
     }
@@ -72,21 +72,21 @@ TEST(Registration, NamesTheApplication) {
     const test::component dll;
     const registered registration(dll);
     ASSERT_EQ(registration.result, S_OK);
-    EXPECT_EQ(value_of(std::wstring(L"\\AppID\\") + libid_text, L""), L"OrderDeck");
-    EXPECT_EQ(value_of(L"\\AppID\\OrderDeck.DLL", L"AppID"), libid_text);
+    EXPECT_EQ(value_of(std::wstring(L"AppID\\") + libid_text, L""), L"OrderDeck");
+    EXPECT_EQ(value_of(L"AppID\\OrderDeck.DLL", L"AppID"), libid_text);
 }
 
 void expect_class(const test::component& dll, const std::wstring& id, const std::wstring& friendly_name,
                   const std::wstring& progid) {
-    const std::wstring clsid = L"\\CLSID\\" + id;
+    const std::wstring clsid = L"CLSID\\" + id;
     EXPECT_EQ(value_of(clsid, L""), friendly_name);
     EXPECT_EQ(value_of(clsid, L"AppID"), libid_text);
     EXPECT_EQ(value_of(clsid + L"\\InprocServer32", L"ThreadingModel"), L"Apartment");
     EXPECT_EQ(value_of(clsid + L"\\ProgID", L""), progid + L".1");
     EXPECT_EQ(value_of(clsid + L"\\VersionIndependentProgID", L""), progid);
-    EXPECT_EQ(value_of(L"\\" + progid + L".1\\CLSID", L""), id);
-    EXPECT_EQ(value_of(L"\\" + progid + L"\\CLSID", L""), id);
-    EXPECT_EQ(value_of(L"\\" + progid + L"\\CurVer", L""), progid + L".1");
+    EXPECT_EQ(value_of(progid + L".1\\CLSID", L""), id);
+    EXPECT_EQ(value_of(progid + L"\\CLSID", L""), id);
+    EXPECT_EQ(value_of(progid + L"\\CurVer", L""), progid + L".1");
     wchar_t module[MAX_PATH] = {};
     GetModuleFileNameW(dll.handle(), module, MAX_PATH);
     EXPECT_EQ(value_of(clsid + L"\\InprocServer32", L""), module);
@@ -111,6 +111,15 @@ TEST(Registration, LetsAHostCreateTheBarByClassAndLoadTheTypeLibrary) {
     constexpr GUID libid = {0x982cccaa, 0xcfd2, 0x4374, {0xb8, 0x06, 0xe4, 0x91, 0x50, 0x78, 0xb5, 0x2d}};
     com_ptr<ITypeLib> library;
     EXPECT_EQ(LoadRegTypeLib(libid, 1, 0, LOCALE_NEUTRAL, platform::receive(library)), S_OK);
+}
+
+TEST(Registration, NamesTheFolderOfTheModuleAsThatOfTheHelp) {
+    const test::component dll;
+    const registered registration(dll);
+    ASSERT_EQ(registration.result, S_OK);
+    const std::wstring path = test::component::path();
+    EXPECT_EQ(value_of(std::wstring(L"TypeLib\\") + libid_text + L"\\1.0\\HELPDIR", L""),
+              path.substr(0, path.find_last_of(L'\\')));
 }
 
 TEST(Registration, LetsAClientCreateALookupServiceOfItsOwnByClassOrProgId) {

@@ -1,11 +1,9 @@
 #include "charting/orderdeck/module/OrderDeckModule.h"
 
-#include <algorithm>
-
+#include "charting/orderdeck/module/GuardedFactory.h"
 #include "charting/orderdeck/module/TypeLibraryRegistration.h"
 #include "charting/orderdeck/src/lookup/LookupImpl.h"
 #include "charting/orderdeck/src/root/OrderDeckObj.h"
-#include "platform/class_factory.h"
 
 extern "C" BOOLEAN NTAPI RtlDllShutdownInProgress(void);
 
@@ -21,7 +19,7 @@ constexpr LCID RegistrationLocale = 2048;
 
 template <class Factory>
 com_ptr<IClassFactory> make_factory() {
-    return com_ptr<IClassFactory>(new platform::com_cached_object<Factory>);
+    return com_ptr<IClassFactory>(new platform::com_cached_object<CGuardedFactory<Factory>>);
 }
 
 // Registration texts must not depend on the language of the user who registers.
@@ -80,13 +78,12 @@ HRESULT COrderDeckModule::GetClassObject(REFCLSID clsid, REFIID iid, void** out)
     return CLASS_E_CLASSNOTAVAILABLE;
 }
 
-// For the user alone where the system sees the user's own classes. Where it looks at the machine's only,
-// the classes go there too.
+// For everybody, or for the user alone where the rights for that are missing.
 HRESULT COrderDeckModule::RegisterServer() {
     const registration_locale locale;
-    HRESULT hr = _register_for(scope::user);
-    if (SUCCEEDED(hr) && !_is_visible()) {
-        hr = _register_for(scope::machine);
+    HRESULT hr = _register_for(scope::machine);
+    if (hr == E_ACCESSDENIED) {
+        hr = _register_for(scope::user);
     }
     if (SUCCEEDED(hr)) {
         hr = register_type_library(_file_name());
@@ -97,11 +94,11 @@ HRESULT COrderDeckModule::RegisterServer() {
 HRESULT COrderDeckModule::UnregisterServer() {
     const registration_locale locale;
     HRESULT hr = unregister_type_library(LIBID_OrderDeckLib);
-    if (SUCCEEDED(hr)) {
-        hr = _unregister_for(scope::user);
-    }
-    if (SUCCEEDED(hr) && _is_visible()) {
-        hr = _unregister_for(scope::machine);
+    // Wherever it was registered, by whomever.
+    for (const scope where : {scope::user, scope::machine}) {
+        if (SUCCEEDED(hr)) {
+            hr = _unregister_for(where);
+        }
     }
     return hr;
 }
@@ -124,13 +121,6 @@ HRESULT COrderDeckModule::_unregister_for(scope where) const {
         }
     }
     return SUCCEEDED(hr) ? _run_script(where, idr_Module, false, nullptr) : hr;
-}
-
-bool COrderDeckModule::_is_visible() const {
-    return std::all_of(m_objects.begin(), m_objects.end(), [](const object_map_entry& entry) {
-        platform::registry_key key;
-        return key.Open(HKEY_CLASSES_ROOT, L"CLSID\\" + guid_text(entry.clsid), KEY_READ) == ERROR_SUCCESS;
-    });
 }
 
 HRESULT COrderDeckModule::_run_script(scope where, UINT id, bool bRegister,

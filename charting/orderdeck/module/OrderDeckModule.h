@@ -32,9 +32,15 @@ public:
     // need are gone.
     ~COrderDeckModule();
 
+    // Takes the library whose resources and path are those of the module. Before anything else; always TRUE.
     BOOL Attach(HINSTANCE instance);
+    // The factory of a class, the same at each call, counted for the caller. CLASS_E_CLASSNOTAVAILABLE for
+    // a class that the module does not serve, E_POINTER for a null out-pointer.
     HRESULT GetClassObject(REFCLSID clsid, REFIID iid, void** out);
+    // The application, the classes and the type library, in that order; the first failure ends it. Without
+    // the rights for the machine's classes those of the user take them.
     HRESULT RegisterServer();
+    // The reverse, for user and machine; S_OK when nothing was registered.
     HRESULT UnregisterServer();
 
 private:
@@ -42,8 +48,6 @@ private:
 
     HRESULT _register_for(scope where) const;
     HRESULT _unregister_for(scope where) const;
-    // Whether the system finds every class where it looks for classes.
-    bool _is_visible() const;
     HRESULT _run_script(scope where, UINT id, bool bRegister, const object_map_entry* entry) const;
     CString _file_name() const;
     CString _resource_text(UINT id) const;
