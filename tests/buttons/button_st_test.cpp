@@ -6,7 +6,6 @@
 
 #include "tests/buttons/button_fixture.h"
 #include "unicomp/wtlcontrols/buttonst/Colours.h"
-#include "unicomp/wtlcontrols/buttonst/GdiPlusBitmap.h"
 
 namespace {
 
@@ -117,17 +116,6 @@ TEST_F(ButtonST, DrawsItsTextOnlyWithTheContentFlag) {
     EXPECT_FALSE(with == without);
     SetWindowTextW(window, L"");
     EXPECT_TRUE(without == snapshot(window));
-}
-
-TEST_F(ButtonST, AMissingColourIsReportedAndPaintedAllTheSame) {
-    url_button bare;
-    const HWND other = owner.make_button(8, 40, 20);
-    bare.SubclassWindow(other);
-    bare.put_Flags(ButtonFlag::Gradient);
-    const snapshot shown(other);
-    ASSERT_GE(reports.assertions().size(), 2u);
-    EXPECT_EQ(reports.assertions()[0].description, L"0xFFFFFFFFL != c0");
-    EXPECT_EQ(reports.assertions()[1].description, L"0xFFFFFFFFL != c1");
 }
 
 TEST_F(ButtonST, GetsHotUnderTheMouseAndTakesTheMouse) {
@@ -347,53 +335,6 @@ TEST_F(ButtonST, AnUnexpectedMapIdIsReported) {
     EXPECT_FALSE(button.ProcessWindowMessage(window, WM_SIZE, 0, 0, result, 1));
     ASSERT_EQ(reports.assertions().size(), 1u);
     EXPECT_EQ(reports.assertions()[0].description, L"0");
-}
-
-TEST(PngBitmap, IsDecodedFromTheResources) {
-    CGdiPlusBitmapResource picture;
-    EXPECT_EQ(picture.get_Bitmap(), nullptr);
-    ASSERT_TRUE(picture.Load(211));
-    BITMAP what = {};
-    ASSERT_NE(GetObjectW(picture.get_Bitmap(), sizeof(what), &what), 0);
-    EXPECT_EQ(what.bmHeight, 16);
-    EXPECT_EQ(what.bmWidth, picture.get_Size().cx);
-    EXPECT_EQ(what.bmBitsPixel, 32);
-}
-
-TEST(PngBitmap, AMissingOneFailsQuietlyAndLeavesNoPicture) {
-    const diagnostics_recorder reports;
-    CGdiPlusBitmapResource picture;
-    ASSERT_TRUE(picture.Load(211));
-    EXPECT_FALSE(picture.Load(9999));
-    EXPECT_EQ(picture.get_Bitmap(), nullptr);
-    EXPECT_TRUE(reports.assertions().empty());
-    EXPECT_TRUE(reports.traces().empty());
-}
-
-TEST(MemoryDC, CopiesItsRectangleWhenItEnds) {
-    const HDC screen = GetDC(nullptr);
-    const HDC target = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, 20, 20);
-    const HGDIOBJ old = SelectObject(target, bitmap);
-    PatBlt(target, 0, 0, 20, 20, BLACKNESS);
-    CustomDraw::CMemorySurface surface;
-    {
-        CustomDraw::CMemoryDCEx memory(surface, target, {5, 5, 10, 10});
-        PatBlt(memory, 0, 0, 20, 20, WHITENESS);
-        EXPECT_EQ(GetPixel(target, 7, 7), RGB(0, 0, 0)) << "nothing is seen before the end";
-        memory.__Reset();
-        EXPECT_EQ(GetPixel(target, 7, 7), RGB(255, 255, 255));
-        PatBlt(target, 0, 0, 20, 20, BLACKNESS);
-    }
-    EXPECT_EQ(GetPixel(target, 7, 7), RGB(0, 0, 0)) << "it was copied once";
-    { CustomDraw::CMemoryDCEx(surface, target, {5, 5, 10, 10}); }
-    EXPECT_EQ(GetPixel(target, 5, 5), RGB(255, 255, 255));
-    EXPECT_EQ(GetPixel(target, 4, 5), RGB(0, 0, 0));
-    EXPECT_EQ(GetPixel(target, 10, 9), RGB(0, 0, 0));
-    SelectObject(target, old);
-    DeleteObject(bitmap);
-    DeleteDC(target);
-    ReleaseDC(nullptr, screen);
 }
 
 }  // namespace

@@ -19,4 +19,30 @@ TEST(OtherModule, ANamedModulesTableIsReadAndNotTheComponents) {
     EXPECT_EQ(recorder.assertions()[0].description, L"0");
 }
 
+BOOL CALLBACK count_languages(HMODULE, LPCWSTR, LPCWSTR, WORD, LONG_PTR count) {
+    ++*reinterpret_cast<int*>(count);
+    return TRUE;
+}
+
+BOOL CALLBACK expect_one_language(HMODULE module, LPCWSTR type, LPWSTR name, LONG_PTR blocks) {
+    int languages = 0;
+    EnumResourceLanguagesW(module, type, name, &count_languages, reinterpret_cast<LONG_PTR>(&languages));
+    EXPECT_EQ(languages, 1) << "texts from " << (reinterpret_cast<ULONG_PTR>(name) - 1) * 16;
+    ++*reinterpret_cast<int*>(blocks);
+    return TRUE;
+}
+
+TEST(Translations, TheTextsHaveOneWhateverTheThreadsLanguage) {
+    int blocks = 0;
+    EnumResourceNamesW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(6), &expect_one_language,
+                       reinterpret_cast<LONG_PTR>(&blocks));
+    EXPECT_GE(blocks, 4) << "where strings 100 to 142 stand";
+    const LANGID before = GetThreadUILanguage();
+    for (const LANGID language : std::initializer_list<LANGID>{0x0409, 0x0407, 0x0804}) {
+        SetThreadUILanguage(language);
+        EXPECT_EQ(resourse_2_string_impl<CString>(138), L"買進") << language;
+    }
+    SetThreadUILanguage(before);
+}
+
 }  // namespace

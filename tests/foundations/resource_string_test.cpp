@@ -4,6 +4,7 @@
 
 #include <map>
 
+#include "platform/resources.h"
 #include "tests/support/diagnostics_recorder.h"
 
 namespace {
@@ -68,11 +69,23 @@ TEST(ResourceString, EveryTextOfTheTableStands) {
     EXPECT_TRUE(recorder.assertions().empty());
 }
 
+// Names of fields for those who do not see them.
+const std::map<UINT, CString>& all_spoken_names() {
+    static const std::map<UINT, CString> names{
+        {301, L"委託類型"}, {302, L"帳戶"}, {303, L"有效期限"}, {304, L"到期日"}};
+    return names;
+}
+
+TEST(ResourceString, EverySpokenNameStands) {
+    for (const auto& [id, text] : all_spoken_names()) {
+        EXPECT_EQ(resourse_2_string_impl<CString>(id), text) << id;
+    }
+}
+
 TEST(ResourceString, TheTableHasNoOtherIds) {
-    diagnostics_recorder recorder;
-    for (UINT id = 0; id < 300; ++id) {
-        const bool listed = all_texts().contains(id);
-        EXPECT_EQ(resourse_2_string_impl<CString>(id).empty(), !listed) << id;
+    for (UINT id = 0; id <= 0xFFFF; ++id) {
+        const bool listed = all_texts().contains(id) || all_spoken_names().contains(id);
+        EXPECT_EQ(platform::load_string(id).has_value(), listed) << id;
     }
 }
 

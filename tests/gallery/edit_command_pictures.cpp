@@ -3,8 +3,6 @@
 
 namespace {
 
-;
-
 const gallery::entry entry{"command_edit",
                            {{"normal"}, {"empty", false}, {"focused"}, {"disabled", false}},
                            [](gallery::stage& on, const std::string& state) {

@@ -8,6 +8,7 @@
 #include <type_traits>
 
 #include "tests/number_editors/editor_window_fixture.h"
+#include "tests/support/message_spy.h"
 
 namespace number_editors_tests {
 namespace {
@@ -72,7 +73,7 @@ TEST_F(NumberEditCtrl, TheSpinIsAChildWithTheIdTenThousandAndThree) {
     EXPECT_NE(GetWindowLongPtrW(made, GWL_STYLE) & WS_VISIBLE, 0);
 }
 
-TEST_F(NumberEditCtrl, TheSpinIsMadeWithItsRightSideAsTold) {
+TEST_F(NumberEditCtrl, TheSpinIsMadeWithARightSideThatItsLeftDoesNotMove) {
     const HWND third = make(0, 200);
     CNumberEditCtrl another{&host};
     RECT client = {};
@@ -237,74 +238,6 @@ TEST_F(NumberEditCtrl, LeavingAnInvalidTextBringsTheLastValueBack) {
     EXPECT_EQ(editor->GetValue(), 1500.0);
 }
 
-TEST_F(NumberEditCtrl, ABalloonShowsARefusedValueUntilAValidTextIsLeft) {
-    be_quantity();
-    SetFocus(window);
-    SetWindowTextW(window, L"5");
-    editor->SetValue(0.0);
-    const HWND tip = editor->get_Balloon().get_Tip();
-    ASSERT_TRUE(IsWindow(tip));
-    EXPECT_TRUE(IsWindowVisible(tip));
-    wchar_t shown[200] = {};
-    TTTOOLINFOW tool = {};
-    tool.cbSize = TTTOOLINFOW_V2_SIZE;
-    tool.hwnd = parent;
-    tool.uId = reinterpret_cast<UINT_PTR>(window);
-    tool.lpszText = shown;
-    SendMessageW(tip, TTM_GETTEXTW, 200, reinterpret_cast<LPARAM>(&tool));
-    EXPECT_STREQ(shown, L"Please enter an integer between 1 and 1000000000.");
-    SetFocus(other);
-    EXPECT_FALSE(IsWindowVisible(tip));
-    editor.reset();
-    EXPECT_FALSE(IsWindow(tip)) << "ends with the editor";
-}
-
-// Presses OK in the box that is open, and keeps what it said.
-class box_answerer {
-public:
-    box_answerer() { m_timer = SetTimer(nullptr, 0, 10, &box_answerer::answer); }
-    ~box_answerer() { KillTimer(nullptr, m_timer); }
-    box_answerer(const box_answerer&) = delete;
-    box_answerer& operator=(const box_answerer&) = delete;
-
-    static inline CString text;
-    static inline HWND owner = nullptr;
-
-private:
-    static void CALLBACK answer(HWND, UINT, UINT_PTR, DWORD) {
-        const HWND box = FindWindowW(L"#32770", L"Invalid property value");
-        if (box != nullptr) {
-            owner = GetWindow(box, GW_OWNER);
-            text = text_of(GetDlgItem(box, 0xFFFF));
-            PostMessageW(box, WM_COMMAND, IDOK, 0);
-        }
-    }
-    UINT_PTR m_timer;
-};
-
-TEST_F(NumberEditCtrl, ABoxOverTheOwnerTellsARefusalAndGivesTheFocusBack) {
-    be_quantity();
-    auto& validator = editor->get_Editor().get_Validator();
-    const LONG id = GetDlgCtrlID(window);
-    editors::SValidationRule rule = *validator.FindRule(id);
-    rule.feedback = editors::EFeedback::Box;
-    validator.SetRule(id, rule);
-    const box_answerer answerer;
-    EXPECT_EQ(validator.Report(id, editors::Check::Range), 0);
-    EXPECT_EQ(box_answerer::text, L"Please enter an integer between 1 and 1000000000.");
-    EXPECT_EQ(box_answerer::owner, parent);
-    EXPECT_EQ(GetFocus(), window);
-}
-
-TEST_F(NumberEditCtrl, ARefusalIsToldByABeepWhenItsEditIsGone) {
-    be_quantity();
-    auto& validator = editor->get_Editor().get_Validator();
-    const LONG id = GetDlgCtrlID(window);
-    DestroyWindow(window);
-    EXPECT_EQ(validator.Report(id, editors::Check::Range), ERROR_INVALID_HANDLE);
-    EXPECT_EQ(editor->get_Balloon().get_Tip(), nullptr);
-}
-
 TEST_F(NumberEditCtrl, AnErasedEditDrawsItsSpinAgain) {
     MoveWindow(editor->get_Spin(), 90, 2, 16, 16, TRUE);
     UpdateWindow(window);
@@ -316,26 +249,15 @@ TEST_F(NumberEditCtrl, AnErasedEditDrawsItsSpinAgain) {
     EXPECT_TRUE(spin_is_stale());
 }
 
-// Counts how often a window is drawn.
-class paint_count final : public frame::subclassed_window {
-public:
-    int paints = 0;
-    BOOL ProcessWindowMessage(HWND, UINT uMsg, WPARAM, LPARAM, LRESULT&, DWORD) override {
-        paints += uMsg == WM_PAINT ? 1 : 0;
-        return FALSE;
-    }
-};
-
 TEST_F(NumberEditCtrl, TheSpinIsDrawnAgainAfterMessagesThatDrawTheEdit) {
     MoveWindow(editor->get_Spin(), 90, 2, 16, 16, TRUE);
     UpdateWindow(editor->get_Spin());
-    paint_count counter;
-    counter.SubclassWindow(editor->get_Spin());
+    message_spy spy(editor->get_Spin());
     const HDC dc = GetDC(window);
     const auto paints_after = [&](UINT message, WPARAM wParam) {
-        counter.paints = 0;
+        spy.heard.clear();
         send(message, wParam);
-        return counter.paints;
+        return spy.count(WM_PAINT);
     };
     EXPECT_EQ(paints_after(49750, 0), 1);
     EXPECT_EQ(paints_after(OCM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(dc)), 1);
@@ -343,6 +265,20 @@ TEST_F(NumberEditCtrl, TheSpinIsDrawnAgainAfterMessagesThatDrawTheEdit) {
     EXPECT_EQ(paints_after(OCM_COMMAND, MAKEWPARAM(209, EN_CHANGE)), 1);
     EXPECT_EQ(paints_after(WM_NULL, 0), 0);
     ReleaseDC(window, dc);
+}
+
+// Lets the set-up be called without a window.
+class bare_editor final : public CNumberEditCtrl {
+public:
+    using CNumberEditCtrl::CNumberEditCtrl;
+    using CNumberEditCtrl::Init;
+};
+
+TEST_F(NumberEditCtrl, ASetUpWithoutAWindowIsReported) {
+    bare_editor bare{&host};
+    bare.Init();
+    EXPECT_EQ(asserted(), std::vector<std::wstring>{L"::IsWindow(m_hWnd)"});
+    EXPECT_EQ(bare.get_Spin(), nullptr);
 }
 
 class NaturalNumbers : public editor_window_test<CNaturalNumbersEditorCtrl> {};

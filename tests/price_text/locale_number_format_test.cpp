@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/diagnostics_recorder.h"
 #include "tests/support/number_locale_scope.h"
 #include "unicomp/FormatUtil/interface/NumberFormat.h"
 #include "unicomp/FormatUtil/interface/PriceScale.h"
@@ -62,7 +63,8 @@ TEST(LocaleRecords, AreNotReadAgainByAnyUse) {
     EXPECT_EQ(later.m_reads, 0);
 }
 
-TEST(LocaleRecords, AFieldThatCannotBeReadIsEmpty) {
+TEST(LocaleRecords, AFieldThatCannotBeReadIsEmptyAndNotReported) {
+    const diagnostics_recorder reports;
     const number_locale_scope scope{platform::number_conventions()};
     for (const SLocaleNumberFormat* record :
          {&locale_records::number(), static_cast<const SLocaleNumberFormat*>(&locale_records::price())}) {
@@ -73,6 +75,9 @@ TEST(LocaleRecords, AFieldThatCannotBeReadIsEmpty) {
         EXPECT_EQ(record->m_nNegativeForm, 0U);
     }
     EXPECT_EQ(locale_records::price().m_sGrouping, L"");
+    EXPECT_TRUE(reports.assertions().empty());
+    EXPECT_TRUE(reports.traces().empty());
+    EXPECT_TRUE(reports.errors().empty());
 }
 
 TEST(LocaleRecords, TextsHaveNineCharactersAtMost) {

@@ -65,8 +65,6 @@ TEST(Handles, QuoteButtonsAndTheirLaddersLeaveNothing) {
     });
 }
 
-;
-
 HWND make_child(HWND owner, const wchar_t* type, DWORD style) {
     const frame::common_controls_scope scope;
     return CreateWindowExW(0, type, L"", WS_CHILD | WS_VISIBLE | style, 10, 10, 100, 20, owner, nullptr,

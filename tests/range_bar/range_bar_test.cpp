@@ -1,58 +1,18 @@
 #include "charting/orderdeck/src/window/RangeBar.h"
 
-#include "charting/orderdeck/src/window/AskBidButtonImpl.h"
-#include "charting/orderdeck/src/window/LadderColours.h"
-#include "charting/orderdeck/src/window/WindowText.h"
-#include "tests/buttons/button_fixture.h"
 #include "tests/desktop/foreign_process.h"
+#include "tests/range_bar/range_bar_fixture.h"
 
 namespace {
 
 using namespace OV_OrderDeck;
 using button_tests::pump;
-using button_tests::snapshot;
 
 constexpr LONG ask_mode = 1;
 constexpr LONG mid_mode = 2;
 constexpr LONG bid_mode = 3;
 
-class RangeBarWindow : public testing::Test {
-protected:
-    RangeBarWindow() : window(owner.make_button(231, 100, 20)) {
-        button.SubclassWindow(window);
-        button.put_Flags(WTLControls::ButtonFlag::Gradient | WTLControls::ButtonFlag::Content);
-        button.SetFormat(2, 25);
-        button.SetQuotes(100.0, 99.5);
-        button.Redraw();
-        pump();
-    }
-    ~RangeBarWindow() override { button.get_RangeBar().Destroy(); }
-
-    HWND bar() { return button.get_RangeBar().get_Hwnd(); }
-    CRangeLadder& ladder() { return button.get_RangeBar().get_Ladder(); }
-    void open() {
-        button.OnDropDownClick();
-        ASSERT_TRUE(IsWindowVisible(bar()));
-    }
-    // A height inside a row, as a click finds it.
-    LONG y_of(LONG row) {
-        return ladder().get_ButtonHeight() + row * ladder().get_RowHeight() + ladder().get_RowHeight() / 2;
-    }
-    LRESULT send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
-        return SendMessageW(bar(), message, wParam, lParam);
-    }
-    void click_row(LONG row) { send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(10, y_of(row))); }
-    void closed() {
-        EXPECT_FALSE(IsWindowVisible(bar()));
-        EXPECT_FALSE(IsWindowEnabled(bar()));
-    }
-    COLORREF face() { return button.get_Picture().colours.at(1); }
-
-    diagnostics_recorder reports;
-    button_tests::owner_window owner;
-    HWND window;
-    AskBidButtonImpl button;
-};
+using RangeBarWindow = range_bar_tests::range_bar_test;
 
 TEST_F(RangeBarWindow, IsMadeHiddenAndDisabledWithItsTwoButtons) {
     closed();
@@ -212,37 +172,6 @@ TEST_F(RangeBarWindow, TheButtonsKeysAreTheLaddersWhileItIsOpen) {
     closed();
 }
 
-TEST_F(RangeBarWindow, TheRowUnderTheMouseIsHotUntilItLeaves) {
-    open();
-    send(WM_MOUSEMOVE, 0, MAKELPARAM(5, y_of(1)));
-    EXPECT_EQ(ladder().get_HotRow(), 1);
-    EXPECT_EQ(GetFocus(), bar()) << "the first move takes the focus";
-    const snapshot shown(bar());
-    const COLORREF pink = ladder_colours[0];
-    const LONG y = ladder().get_RowRect(1).top + 3;
-    EXPECT_EQ(shown.at(2, static_cast<int>(y)), pink ^ 0xFFFFFF);
-    SetFocus(window);
-    send(WM_MOUSEMOVE, 0, MAKELPARAM(5, y_of(2)));
-    EXPECT_EQ(ladder().get_HotRow(), 2);
-    EXPECT_EQ(GetFocus(), window) << "a later one does not";
-    send(WM_MOUSELEAVE);
-    EXPECT_EQ(ladder().get_HotRow(), -1);
-    send(WM_MOUSEMOVE, 0, MAKELPARAM(5, y_of(2)));
-    EXPECT_EQ(GetFocus(), bar()) << "the next visit begins anew";
-}
-
-TEST_F(RangeBarWindow, RowsHaveTheColourOfTheirPlace) {
-    open();
-    const snapshot shown(bar());
-    const auto ground = [&](LONG row) {
-        return shown.at(2, static_cast<int>(ladder().get_RowRect(row).top + 2));
-    };
-    for (LONG row = 0; row < 7; ++row) {
-        EXPECT_EQ(ground(row), ladder_colours[row < 3 ? 0 : row == 3 ? 1 : 2]) << row;
-    }
-    EXPECT_EQ(shown.at(5, static_cast<int>(ladder().get_RowRect(3).top)), GetSysColor(COLOR_3DDKSHADOW));
-}
-
 TEST_F(RangeBarWindow, LeavingTheApplicationHidesItAndGivesTheFocusBack) {
     open();
     owner.focused.clear();
@@ -259,7 +188,6 @@ TEST_F(RangeBarWindow, LeavingTheApplicationHidesItAndGivesTheFocusBack) {
 TEST_F(RangeBarWindow, StaysWhenItsWindowIsNoLongerTheActiveOne) {
     open();
     send(WM_ACTIVATE, WA_INACTIVE);
-    send(WM_KILLFOCUS);
     EXPECT_TRUE(IsWindowVisible(bar()));
 }
 
@@ -315,13 +243,6 @@ TEST_F(RangeBarWindow, GrowsForALongPriceAndForgetsItWithTheSymbol) {
     EXPECT_EQ(at.right - at.left, 40);
 }
 
-TEST_F(RangeBarWindow, AThemeChangeDrawsItAnew) {
-    open();
-    UpdateWindow(bar());
-    EXPECT_EQ(send(WM_THEMECHANGED), 0);
-    EXPECT_TRUE(GetUpdateRect(bar(), nullptr, FALSE));
-}
-
 TEST_F(RangeBarWindow, EndsWithItsButtonsWindow) {
     const HWND made = bar();
     DestroyWindow(window);
@@ -333,38 +254,19 @@ TEST_F(RangeBarWindow, IsNamedForThoseWhoDoNotSeeIt) {
     EXPECT_FALSE(window_text(GetDlgItem(bar(), 10001)).empty());
 }
 
+TEST_F(RangeBarWindow, AnUnexpectedMapIdOfASmallButtonIsReported) {
+    CRangeArrow arrow;
+    LRESULT result = 0;
+    EXPECT_FALSE(arrow.ProcessWindowMessage(nullptr, WM_MOUSELEAVE, 0, 0, result, 1));
+    ASSERT_EQ(reports.assertions().size(), 1u);
+    EXPECT_EQ(reports.assertions()[0].description, L"0");
+}
+
 TEST_F(RangeBarWindow, AnUnexpectedMapIdIsReported) {
     LRESULT result = 0;
     EXPECT_FALSE(button.get_RangeBar().ProcessWindowMessage(bar(), WM_SIZE, 0, 0, result, 1));
     ASSERT_EQ(reports.assertions().size(), 1u);
     EXPECT_EQ(reports.assertions()[0].description, L"0");
-}
-
-TEST_F(RangeBarWindow, TheButtonsTwoPartsDoTheirOwn) {
-    RECT client = {};
-    GetClientRect(window, &client);
-    SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(client.right - 3, 10));
-    SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(client.right - 3, 10));
-    EXPECT_TRUE(IsWindowVisible(bar()));
-    SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(10, 10));
-    SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(10, 10));
-    closed();
-    EXPECT_EQ(button.get_HitPrice(), 99.75);
-    pump();
-    EXPECT_EQ(owner.commands, std::vector<int>{231});
-}
-
-TEST_F(RangeBarWindow, ADisabledButtonSaysWhatItWouldShow) {
-    EnableWindow(window, FALSE);
-    button.Redraw();
-    EXPECT_EQ(window_text(window), L"買價/賣價 ");
-    EnableWindow(window, TRUE);
-    button.Redraw();
-    EXPECT_EQ(window_text(window), L"99.75 ");
-    button.put_Mode(0);
-    button.Redraw();
-    EXPECT_FALSE(IsWindowEnabled(window));
-    EXPECT_EQ(face(), GetSysColor(COLOR_BTNFACE));
 }
 
 }  // namespace

@@ -2,15 +2,20 @@
 
 #include <gtest/gtest.h>
 
+#include <uxtheme.h>
+#include <vssym32.h>
+
 #include <string>
 #include <vector>
 
+#include "tests/range_bar/image_canvas.h"
 #include "tests/support/diagnostics_recorder.h"
 #include "unicomp/wtlcontrols/buttonst/ButtonSTRendererEx.h"
 
 namespace {
 
 using namespace OV_OrderDeck;
+using range_bar_tests::image_canvas;
 
 TEST(RangeImages, AreSixSixteenHighAndAsWideAsTheBar) {
     const HIMAGELIST images = make_range_images(nullptr, 40, 12);
@@ -23,48 +28,35 @@ TEST(RangeImages, AreSixSixteenHighAndAsWideAsTheBar) {
     ImageList_Destroy(images);
 }
 
-class arrow_canvas {
-public:
-    arrow_canvas() {
-        const HDC screen = GetDC(nullptr);
-        m_dc = CreateCompatibleDC(screen);
-        m_bitmap = CreateCompatibleBitmap(screen, 5, 5);
-        ReleaseDC(nullptr, screen);
-        m_old = SelectObject(m_dc, m_bitmap);
-        PatBlt(m_dc, 0, 0, 5, 5, WHITENESS);
+TEST(RangeImages, AreTheSpinsOfTheVisualStyle) {
+    ASSERT_TRUE(IsAppThemed());
+    constexpr int width = 41;
+    constexpr int height = 16;
+    const HIMAGELIST images = make_range_images(nullptr, width, height);
+    const HTHEME theme = OpenThemeData(nullptr, L"SPIN");
+    for (int i = 0; i < 6; ++i) {
+        const image_canvas expected(width, height);
+        expected.fill(GetSysColor(COLOR_BTNFACE));
+        const RECT all = {0, 0, width, height};
+        DrawThemeBackground(theme, expected.dc(), i < 3 ? SPNP_UP : SPNP_DOWN, i % 3 + 1, &all, nullptr);
+        const image_canvas shown(width, height);
+        ImageList_Draw(images, i, shown.dc(), 0, 0, ILD_NORMAL);
+        EXPECT_EQ(shown.pixels(), expected.pixels()) << i;
     }
-    ~arrow_canvas() {
-        SelectObject(m_dc, m_old);
-        DeleteObject(m_bitmap);
-        DeleteDC(m_dc);
-    }
-    arrow_canvas(const arrow_canvas&) = delete;
-    arrow_canvas& operator=(const arrow_canvas&) = delete;
+    CloseThemeData(theme);
+    ImageList_Destroy(images);
+}
 
-    std::vector<std::string> draw(bool up) const {
-        WTLControls::DrawArrow(m_dc, {0, 0, 5, 5}, RGB(50, 50, 50), up);
-        std::vector<std::string> lines;
-        for (int y = 0; y < 5; ++y) {
-            std::string line;
-            for (int x = 0; x < 5; ++x) {
-                line += GetPixel(m_dc, x, y) == RGB(50, 50, 50) ? '#' : '.';
-            }
-            lines.push_back(line);
-        }
-        return lines;
-    }
-
-private:
-    HDC m_dc;
-    HBITMAP m_bitmap;
-    HGDIOBJ m_old;
-};
+std::vector<std::string> arrow(bool up) {
+    const image_canvas canvas(5, 5);
+    canvas.fill(RGB(255, 255, 255));
+    WTLControls::DrawArrow(canvas.dc(), {0, 0, 5, 5}, RGB(50, 50, 50), up);
+    return canvas.lines({0, 0, 5, 5}, RGB(50, 50, 50));
+}
 
 TEST(DrawArrow, IsATriangleWithItsFlatSideAwayFromItsPoint) {
-    EXPECT_EQ(arrow_canvas().draw(true),
-              (std::vector<std::string>{".....", "..#..", ".###.", "#####", "....."}));
-    EXPECT_EQ(arrow_canvas().draw(false),
-              (std::vector<std::string>{".....", "#####", ".###.", "..#..", "....."}));
+    EXPECT_EQ(arrow(true), (std::vector<std::string>{".....", "..#..", ".###.", "#####", "....."}));
+    EXPECT_EQ(arrow(false), (std::vector<std::string>{".....", "#####", ".###.", "..#..", "....."}));
 }
 
 TEST(DrawArrow, ReportsASurfaceThatIsNone) {

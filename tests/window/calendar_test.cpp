@@ -3,10 +3,14 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 #include "platform/clock.h"
 #include "platform/win32/frame/common_controls.h"
 #include "platform/win32/frame/module_instance.h"
 #include "tests/support/diagnostics_recorder.h"
+#include "tests/support/win32/told_import.h"
 #include "unicomp/wtlcontrols/ActualCalendar/CalendarDates.h"
 #include "unicomp/wtlcontrols/ActualCalendar/GTDCalendar.h"
 
@@ -29,6 +33,9 @@ public:
 private:
     void OnDateCorrected() override { ++corrections; }
 };
+
+// A calendar as it is, without anything of its own at a correction.
+class plain_calendar final : public WTLControls::CActualCalendar {};
 
 class Calendar : public testing::Test {
 protected:
@@ -137,6 +144,16 @@ TEST_F(Calendar, ACorrectionOfTheGoodTillDateMovesItsLowerEnd) {
     expect_day(range(0, which), 2030, 5, 16);
 }
 
+TEST_F(Calendar, ACorrectionLeavesTheRangeOfAPlainCalendarAlone) {
+    plain_calendar calendar;
+    calendar.SubclassWindow(picker);
+    midnight_passes();
+    expect_day(shown(), 2030, 5, 16);
+    DWORD which = 99;
+    range(0, which);
+    EXPECT_EQ(which, 0u) << "it has none";
+}
+
 TEST_F(Calendar, AUsersLaterDateDoesNotMoveTheLowerEnd) {
     WTLControls::CGTDCalendar calendar;
     calendar.SubclassWindow(picker);
@@ -157,6 +174,20 @@ TEST_F(Calendar, TheTimerRunsOnThePickerUntilItIsDestroyed) {
     EXPECT_TRUE(calendar.ProcessWindowMessage(picker, WM_DESTROY, 0, 0, result, 0));
     EXPECT_EQ(result, 0);
     EXPECT_FALSE(KillTimer(picker, 1751));
+}
+
+TEST_F(Calendar, TheDateIsLookedAtOnceAMinute) {
+    WTLControls::CGTDCalendar calendar;
+    calendar.SubclassWindow(picker);
+    std::vector<std::pair<UINT_PTR, UINT>> asked;
+    const test::told_import<"SetTimer", UINT_PTR(HWND, UINT_PTR, UINT, TIMERPROC)> system(
+        [&](HWND window, UINT_PTR id, UINT period, TIMERPROC) {
+            EXPECT_EQ(window, picker);
+            asked.emplace_back(id, period);
+            return id;
+        });
+    calendar.StartTimer();
+    EXPECT_EQ(asked, (std::vector<std::pair<UINT_PTR, UINT>>{{1751, 60000}}));
 }
 
 TEST_F(Calendar, DayNumbersCountFromTheEndOf1899) {

@@ -7,6 +7,7 @@
 
 #include "platform/win32/frame/module_instance.h"
 #include "tests/support/diagnostics_recorder.h"
+#include "tests/support/message_spy.h"
 
 namespace {
 
@@ -32,6 +33,7 @@ protected:
                                  24, parent, nullptr, frame::module_instance(), nullptr);
         other = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE, 200, 10, 50, 24, parent, nullptr,
                                 frame::module_instance(), nullptr);
+        below.SubclassWindow(window);
         edit.SubclassWindow(window);
         edit.CreateButton(203, 232);
         SetActiveWindow(parent);
@@ -76,6 +78,14 @@ protected:
         ReleaseDC(window, dc);
         return pixels;
     }
+    void mouse_over() const {
+        POINT over = {5, 5};
+        ClientToScreen(button(), &over);
+        SetCursorPos(over.x, over.y);
+        SendMessageW(button(), WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+    }
+    void press() const { SendMessageW(button(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5)); }
+    void release(int x = 5, int y = 5) const { SendMessageW(button(), WM_LBUTTONUP, 0, MAKELPARAM(x, y)); }
     void draw_all() const {
         RedrawWindow(parent, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
     }
@@ -85,6 +95,8 @@ protected:
     HWND parent = nullptr;
     HWND window = nullptr;
     HWND other = nullptr;
+    // What the command edit leaves to the edit.
+    message_spy below;
     WTLControls::CEditCommandCtrlWnd2 edit{sink, 203};
 };
 
@@ -100,6 +112,25 @@ TEST_F(EditCommand, TellsOfEnterAndEscAndLetsOtherKeysPass) {
     SendMessageW(window, WM_KEYDOWN, 'A', 1);
     SendMessageW(window, WM_KEYDOWN, VK_TAB, 1);
     EXPECT_EQ(sink.calls, (calls{"enter 203", "esc 203"}));
+}
+
+TEST_F(EditCommand, TheEditHearsOfTheFocusAndOfEveryKeyToo) {
+    below.heard.clear();
+    SetFocus(window);
+    SetFocus(other);
+    for (const WPARAM key : {VK_RETURN, VK_ESCAPE, 'A' + 0}) {
+        SendMessageW(window, WM_KEYDOWN, key, 1);
+    }
+    EXPECT_EQ(below.count(WM_SETFOCUS), 1);
+    EXPECT_EQ(below.count(WM_KILLFOCUS), 1);
+    EXPECT_EQ(below.count(WM_KEYDOWN), 3);
+}
+
+TEST_F(EditCommand, APaintIsTheEditsAndItsAnswerIsZero) {
+    below.answers[WM_PAINT] = [](WPARAM, LPARAM) { return 7; };
+    below.heard.clear();
+    EXPECT_EQ(SendMessageW(window, WM_PAINT, 0, 0), 0);
+    EXPECT_EQ(below.count(WM_PAINT), 1);
 }
 
 TEST_F(EditCommand, TakesEnterAndEscFromADialog) {
@@ -121,40 +152,88 @@ TEST_F(EditCommand, KeepsItsButtonSixteenWideAtItsRightEnd) {
 }
 
 TEST_F(EditCommand, APressTellsTheSinkAndGivesTheFocusToTheEdit) {
-    SendMessageW(button(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+    press();
     EXPECT_TRUE(sink.calls.empty());
-    SendMessageW(button(), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
-    EXPECT_EQ(sink.calls, (calls{"button 203", "focus 203"}));
+    release();
+    EXPECT_EQ(sink.calls, (calls{"button 0", "focus 203"}));
     EXPECT_EQ(GetFocus(), window);
 }
 
 TEST_F(EditCommand, AReleaseOutsideStillPresses) {
-    SendMessageW(button(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-    SendMessageW(button(), WM_LBUTTONUP, 0, MAKELPARAM(500, -40));
-    EXPECT_EQ(sink.calls.at(0), "button 203");
+    press();
+    release(500, -40);
+    EXPECT_EQ(sink.calls.at(0), "button 0");
 }
 
 TEST_F(EditCommand, TheButtonIsAnotherPictureUnderTheMouseAndThatOfRestWhenPressed) {
     const auto at_rest = picture();
-    POINT over = {5, 5};
-    ClientToScreen(button(), &over);
-    SetCursorPos(over.x, over.y);
-    SendMessageW(button(), WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+    mouse_over();
     const auto hot = picture();
     EXPECT_NE(hot, at_rest);
-    SendMessageW(button(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+    press();
     EXPECT_EQ(picture(), at_rest);
-    SendMessageW(button(), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    release();
     EXPECT_EQ(picture(), hot);
     SendMessageW(button(), WM_MOUSELEAVE, 0, 0);
     EXPECT_EQ(picture(), at_rest);
     EXPECT_TRUE(reports.assertions().empty());
 }
 
+TEST_F(EditCommand, OnlyTheFirstMoveOfAVisitChangesThePicture) {
+    const auto at_rest = picture();
+    mouse_over();
+    press();
+    SendMessageW(button(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(6, 6));
+    EXPECT_EQ(picture(), at_rest) << "still pressed";
+    SendMessageW(button(), WM_MOUSELEAVE, 0, 0);
+    mouse_over();
+    EXPECT_NE(picture(), at_rest) << "the next visit";
+}
+
+TEST_F(EditCommand, AMouseThatIsNotWatchedCannotLeave) {
+    press();
+    release();
+    const auto hot = picture();
+    SendMessageW(button(), WM_MOUSELEAVE, 0, 0);
+    EXPECT_EQ(picture(), hot);
+}
+
+TEST_F(EditCommand, AChangeIsDrawnAtOnceAndOnlyOnAButtonThatShows) {
+    draw_all();
+    message_spy spy(button());
+    press();
+    EXPECT_EQ(spy.count(WM_ERASEBKGND), 1);
+    ShowWindow(button(), SW_HIDE);
+    spy.heard.clear();
+    press();
+    EXPECT_EQ(spy.count(WM_ERASEBKGND), 0);
+}
+
+TEST_F(EditCommand, AMouseThatCannotBeWatchedIsReportedAndAskedForAgain) {
+    WTLControls::CSimpleFuckingButtonThatCanDrawWithoutReflectFuckingNotifications bare;
+    LRESULT result = 0;
+    for (const std::size_t moves : {1u, 2u}) {
+        bare.ProcessWindowMessage(nullptr, WM_MOUSEMOVE, 0, MAKELPARAM(5, 5), result, 0);
+        ASSERT_EQ(reports.assertions().size(), moves);
+        EXPECT_EQ(reports.assertions().back().description, L"bResult");
+    }
+}
+
+TEST_F(EditCommand, APictureStripThatIsMissingIsReportedAndTheButtonServes) {
+    WTLControls::CEditCommandCtrlWnd2 plain{sink, 7};
+    plain.SubclassWindow(other);
+    EXPECT_TRUE(plain.CreateButton(7, 9999));
+    ASSERT_EQ(reports.assertions().size(), 1u);
+    EXPECT_EQ(reports.assertions()[0].description, L"0");
+    sink.calls.clear();
+    SendMessageW(plain.get_Button(), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    EXPECT_EQ(sink.calls.at(0), "button 0");
+}
+
 TEST_F(EditCommand, AReleaseOutsideLeavesThePictureOfRest) {
     const auto at_rest = picture();
-    SendMessageW(button(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-    SendMessageW(button(), WM_LBUTTONUP, 0, MAKELPARAM(500, 5));
+    press();
+    release(500, 5);
     EXPECT_EQ(picture(), at_rest);
 }
 
@@ -192,6 +271,14 @@ TEST_F(EditCommand, AnEditInsideItIsPureGreen) {
 TEST_F(EditCommand, AnUnexpectedMapIdIsReported) {
     LRESULT result = 0;
     EXPECT_FALSE(edit.ProcessWindowMessage(window, WM_SIZE, 0, 0, result, 2));
+    ASSERT_EQ(reports.assertions().size(), 1u);
+    EXPECT_EQ(reports.assertions()[0].description, L"0");
+}
+
+TEST_F(EditCommand, AnUnexpectedMapIdOfTheButtonIsReported) {
+    WTLControls::CSimpleFuckingButtonThatCanDrawWithoutReflectFuckingNotifications bare;
+    LRESULT result = 0;
+    EXPECT_FALSE(bare.ProcessWindowMessage(nullptr, WM_LBUTTONDOWN, 0, 0, result, 1));
     ASSERT_EQ(reports.assertions().size(), 1u);
     EXPECT_EQ(reports.assertions()[0].description, L"0");
 }

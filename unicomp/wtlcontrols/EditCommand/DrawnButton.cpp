@@ -6,11 +6,10 @@ using drawn_button = CSimpleFuckingButtonThatCanDrawWithoutReflectFuckingNotific
 
 namespace {
 
-// A pressed button shows the picture of one at rest on purpose: the press is seen as the hover picture
-// going away.
-int image_of(int state) {
-    return state == 1 ? 1 : 0;
-}
+// By state; 3 is none. A pressed button, 4, shows the picture of one at rest on purpose: the press is
+// seen as the hover picture going away. Nothing sets the state 2, whose picture the strip has all the same.
+constexpr int no_image = -1;
+constexpr int images_of_states[] = {0, 1, 2, no_image, 0};
 
 }  // namespace
 
@@ -70,7 +69,7 @@ void drawn_button::_paint(HDC target) {
         ::FillRect(memory, &client,
                    ::GetSysColorBrush(::IsWindowEnabled(m_hWnd) ? COLOR_WINDOW : COLOR_BTNFACE));
     }
-    ::ImageList_Draw(m_images, image_of(m_state), memory, 0, 0, ILD_NORMAL);
+    ::ImageList_Draw(m_images, images_of_states[m_state], memory, 0, 0, ILD_NORMAL);
     ::BitBlt(target, 0, 0, client.right, client.bottom, memory, 0, 0, SRCCOPY);
     ::SelectObject(memory, old);
     ::DeleteObject(bitmap);
@@ -110,7 +109,7 @@ void drawn_button::_on_button_up(POINT at) {
 
 void drawn_button::_tell_press() const {
     if (m_sink != nullptr) {
-        m_sink->OnButtonPressed(m_id);
+        m_sink->OnButtonPressed(0);
         return;
     }
     const auto id = static_cast<WORD>(::GetDlgCtrlID(m_hWnd));

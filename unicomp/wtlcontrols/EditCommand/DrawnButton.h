@@ -14,9 +14,9 @@ namespace WTLControls {
 class CSimpleFuckingButtonThatCanDrawWithoutReflectFuckingNotifications final
     : public frame::subclassed_window {
 public:
-    // The sink is not owned and outlives the button. id is what it hears.
-    CSimpleFuckingButtonThatCanDrawWithoutReflectFuckingNotifications(IEditCommandSink2& sink, LONG id)
-        : m_sink(&sink), m_id(id) {}
+    // The sink is not owned and outlives the button. It hears of presses, always with the id 0.
+    explicit CSimpleFuckingButtonThatCanDrawWithoutReflectFuckingNotifications(IEditCommandSink2& sink)
+        : m_sink(&sink) {}
     // Without a sink a press goes to the parent, as a command of a button.
     CSimpleFuckingButtonThatCanDrawWithoutReflectFuckingNotifications() = default;
 
@@ -41,7 +41,6 @@ private:
     void _tell_press() const;
 
     IEditCommandSink2* m_sink = nullptr;
-    LONG m_id = 0;
     HIMAGELIST m_images = nullptr;
     state m_state = at_rest;
     // A request to hear when the mouse leaves is outstanding.

@@ -16,6 +16,7 @@ bool ends_editing(WPARAM key) {
 
 }  // namespace
 
+// Deliberately also when the window went first, as in a panel: the list would be left behind otherwise.
 CEditCommandCtrlWnd2::~CEditCommandCtrlWnd2() {
     if (m_owns_images) {
         ::ImageList_Destroy(m_images);

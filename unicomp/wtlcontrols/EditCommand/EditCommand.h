@@ -8,10 +8,10 @@ namespace WTLControls {
 
 // An edit with a small button at its right end. It tells its sink of the button, of the focus, and of
 // Enter and Esc. Lives on the edit's thread.
-class CEditCommandCtrlWnd2 final : public frame::subclassed_window, private IEditCommandSink2 {
+class CEditCommandCtrlWnd2 final : public frame::subclassed_window {
 public:
     // The sink is not owned and outlives the edit.
-    CEditCommandCtrlWnd2(IEditCommandSink2& sink, LONG id) : m_id(id), m_sink(&sink), m_button(*this, id) {}
+    CEditCommandCtrlWnd2(IEditCommandSink2& sink, LONG id) : m_button(sink), m_id(id), m_sink(&sink) {}
     ~CEditCommandCtrlWnd2();
 
     // Makes the button as a child of the edit; the pictures come from a strip of the module's resources.
@@ -27,19 +27,13 @@ private:
     void _place_button();
     LRESULT _paint_child_edit(HDC target);
 
-    // What the button tells; only its press has a meaning.
-    void OnButtonPressed(LONG) override { m_sink->OnButtonPressed(m_id); }
-    void OnEditSetFocus(LONG) override {}
-    void OnEditEnd(LONG, bool) override {}
-    void OnEditKillFocus(LONG) override {}
-
     RECT m_button_rect = {};
     HIMAGELIST m_images = nullptr;
     // The list is this object's to destroy.
     bool m_owns_images = false;
+    CSimpleFuckingButtonThatCanDrawWithoutReflectFuckingNotifications m_button;
     LONG m_id;
     IEditCommandSink2* m_sink;
-    CSimpleFuckingButtonThatCanDrawWithoutReflectFuckingNotifications m_button;
 };
 
 }  // namespace WTLControls

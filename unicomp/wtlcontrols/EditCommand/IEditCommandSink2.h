@@ -5,7 +5,7 @@
 namespace WTLControls {
 
 // Whoever owns a command edit hears from it here, on the edit's thread. id is the one that the edit was
-// given.
+// given; its button has none and tells 0.
 class IEditCommandSink2 {
 public:
     virtual void OnButtonPressed(LONG id) = 0;

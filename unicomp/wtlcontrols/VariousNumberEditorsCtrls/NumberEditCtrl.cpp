@@ -96,6 +96,7 @@ frame::answer CNumberEditCtrl::_dispatch(UINT uMsg, WPARAM wParam, LPARAM lParam
             return 1;
         case WM_TIMER:
             if (wParam != caret_timer) {
+                // Deliberately: the edit has timers of its own.
                 return frame::declined;
             }
             ::KillTimer(m_hWnd, caret_timer);

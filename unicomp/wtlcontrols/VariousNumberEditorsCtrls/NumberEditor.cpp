@@ -39,6 +39,7 @@ void CNumberEditor::SetParams(double step, double min, double max, EEditType typ
         SetValue(m_value);
     }
     SValidationRule rule;
+    // Deliberately the field's own type: a rule for integers would refuse "1.5" in a field of doubles.
     rule.type = type;
     rule.checks = Check::Number | Check::Range;
     rule.window = m_window;
@@ -224,6 +225,7 @@ void CNumberEditor::TellHost() {
     if (m_host == nullptr) {
         return;
     }
+    // Deliberately a guard of its own: the edit goes on to its display form whatever the host throws.
     BugSlayerUtil::guard(BS_HERE, [this] {
         m_host->OnStringChanged(m_id, _bstr_t(m_text.c_str()));
         if (!m_text.empty()) {

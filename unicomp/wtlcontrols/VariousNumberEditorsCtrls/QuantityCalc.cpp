@@ -80,7 +80,7 @@ void CQuantityCalc::_make_button() {
     }
     _place_button();
     ::SetWindowPos(button, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW | SWP_NOACTIVATE);
-    // No digit stands under the button.
+    // Deliberately more than the spin's margin: no digit stands under the button.
     ::SendMessageW(m_hWnd, EM_SETMARGINS, EC_RIGHTMARGIN, MAKELPARAM(0, button_from_right + margin));
 }
 

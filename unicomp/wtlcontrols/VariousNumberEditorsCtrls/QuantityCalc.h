@@ -40,6 +40,7 @@ private:
 
     CSimpleFuckingButtonThatCanDrawWithoutReflectFuckingNotifications m_button;
     HIMAGELIST m_images = nullptr;
+    // Kept for whoever paints the edit; nothing here does.
     COLORREF m_background = 0;
     LONG m_mode = 0;
 };

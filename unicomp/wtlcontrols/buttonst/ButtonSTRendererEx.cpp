@@ -69,12 +69,13 @@ void CButtonSTRendererEx::DrawBackground(HDC target, CustomDraw::CMemorySurface&
         return;
     }
     _draw_frame(memory, picture);
-    if (const auto face = gradient_face(picture.look, picture.client, picture.colours)) {
+    const auto face = gradient_face(picture.look, picture.client, picture.colours);
+    if (face) {
         ::GdiFlush();
         draw_gradient(memory.get_Pixels(), *face);
     }
     if ((picture.look.flags & ButtonFlag::Content) != 0) {
-        _draw_content(memory, picture);
+        _draw_content(memory, picture, _colours_on(face, picture));
     }
     memory.__Reset();
 }
@@ -92,8 +93,12 @@ void CButtonSTRendererEx::_draw_frame(HDC dc, const SButtonPicture& picture) {
 }
 
 CButtonSTRendererEx::text_colours CButtonSTRendererEx::get_TextColours(const SButtonPicture& picture) {
+    return _colours_on(gradient_face(picture.look, picture.client, picture.colours), picture);
+}
+
+CButtonSTRendererEx::text_colours CButtonSTRendererEx::_colours_on(const std::optional<SGradientFace>& face,
+                                                                   const SButtonPicture& picture) {
     text_colours result = {};
-    const auto face = gradient_face(picture.look, picture.client, picture.colours);
     result.top = face ? face->top : ::GetSysColor(COLOR_BTNFACE);
     result.bottom = face ? face->bottom : ::GetSysColor(COLOR_BTNFACE);
     result.text = is_disabled(picture)
@@ -102,23 +107,22 @@ CButtonSTRendererEx::text_colours CButtonSTRendererEx::get_TextColours(const SBu
     return result;
 }
 
-void CButtonSTRendererEx::_draw_content(HDC dc, const SButtonPicture& picture) {
-    const COLORREF colour = get_TextColours(picture).text;
+void CButtonSTRendererEx::_draw_content(HDC dc, const SButtonPicture& picture, const text_colours& colours) {
     RECT content = content_of(picture);
     content.left = _draw_image(dc, picture, content);
     const HGDIOBJ old = ::SelectObject(dc, picture.font);
     ::SetBkMode(dc, TRANSPARENT);
-    ::SetTextColor(dc, colour);
+    ::SetTextColor(dc, colours.text);
     draw_lines(dc, picture.text, content);
     ::SelectObject(dc, old);
     if (picture.drop_down) {
-        _draw_drop_down(dc, picture, colour);
+        _draw_drop_down(dc, picture, colours);
     }
     if (picture.look.focused && picture.show_focus) {
         RECT focus = picture.client;
         ::InflateRect(&focus, -static_cast<int>(content_margin), -static_cast<int>(content_margin));
-        ::SetTextColor(dc, colour);
-        ::SetBkColor(dc, get_TextColours(picture).top);
+        ::SetTextColor(dc, colours.text);
+        ::SetBkColor(dc, colours.top);
         ::DrawFocusRect(dc, &focus);
     }
 }
@@ -134,20 +138,20 @@ LONG CButtonSTRendererEx::_draw_image(HDC dc, const SButtonPicture& picture, con
     return content.left + width + image_gap;
 }
 
-void CButtonSTRendererEx::_draw_drop_down(HDC dc, const SButtonPicture& picture, COLORREF colour) {
+void CButtonSTRendererEx::_draw_drop_down(HDC dc, const SButtonPicture& picture,
+                                          const text_colours& colours) {
     RECT part = picture.client;
     part.left = picture.split;
     part.right -= content_margin + 1;
-    const text_colours colours = get_TextColours(picture);
     const COLORREF ground = between(colours.top, colours.bottom, 1, 2);
-    const HBRUSH brush = ::CreateSolidBrush(blended(colour, ground, separator_alpha));
+    const HBRUSH brush = ::CreateSolidBrush(blended(colours.text, ground, separator_alpha));
     const RECT line = {part.left, part.top + separator_margin, part.left + 1, part.bottom - separator_margin};
     ::FillRect(dc, &line, brush);
     ::DeleteObject(brush);
     const LONG size = std::max<LONG>(arrow_width, (part.right - part.left) / 2) | 1;
     const LONG left = part.left + (part.right - part.left - size + 1) / 2 + 1;
     const LONG top = (part.top + part.bottom - size) / 2;
-    DrawArrow(dc, {left, top, left + size, top + size}, colour, false);
+    DrawArrow(dc, {left, top, left + size, top + size}, colours.text, false);
 }
 
 }  // namespace WTLControls

@@ -44,9 +44,10 @@ public:
     static text_colours get_TextColours(const SButtonPicture& picture);
 
 private:
+    static text_colours _colours_on(const std::optional<SGradientFace>& face, const SButtonPicture& picture);
     static void _draw_frame(HDC dc, const SButtonPicture& picture);
-    static void _draw_content(HDC dc, const SButtonPicture& picture);
-    static void _draw_drop_down(HDC dc, const SButtonPicture& picture, COLORREF colour);
+    static void _draw_content(HDC dc, const SButtonPicture& picture, const text_colours& colours);
+    static void _draw_drop_down(HDC dc, const SButtonPicture& picture, const text_colours& colours);
     static LONG _draw_image(HDC dc, const SButtonPicture& picture, const RECT& content);
 };
 

@@ -33,6 +33,7 @@ bool AskBidButtonImpl::SubclassWindow(HWND button) {
     if (!CButtonST::SubclassWindow(button)) {
         return false;
     }
+    // Here and not at WM_CREATE, which a window that exists already does not get.
     m_name.Attach(button, resource_string::text(quotes_title));
     _place_split();
     return m_range_bar.Create(button);
@@ -59,15 +60,16 @@ void AskBidButtonImpl::UpdateText() {
     }
     m_prices.ClearBadQuotes();
     m_range_bar.Refresh();
-    const CAskBidPrices::caption caption = m_prices.TakeCaption(::IsWindowEnabled(m_hWnd) != FALSE);
-    if (caption.idle) {
+    if (IsIdle()) {
+        // Before the text is taken: the button's notice of this asks for a new one.
         ::EnableWindow(m_hWnd, FALSE);
     }
-    if (caption.text != window_text(m_hWnd)) {
+    const CString caption = m_prices.TakeCaption(::IsWindowEnabled(m_hWnd) != FALSE);
+    if (caption != window_text(m_hWnd)) {
         const LONG room = client_width(m_hWnd) - widest_drop_down - 2 * text_margin;
-        m_font.Fit(m_hWnd, caption.text, static_cast<int>(room));
-        ::SetWindowTextW(m_hWnd, caption.text.c_str());
-        m_name.put_Name(_spoken(caption.text));
+        m_font.Fit(m_hWnd, caption, static_cast<int>(room));
+        ::SetWindowTextW(m_hWnd, caption.c_str());
+        m_name.put_Name(_spoken(caption));
         Repaint();
     }
 }

@@ -15,6 +15,7 @@ public:
     AskBidButtonImpl();
     ~AskBidButtonImpl() = default;
 
+    // Makes the ladder too. False when the window can't be subclassed or there is no ladder.
     bool SubclassWindow(HWND button);
 
     // 1 ask, 2 mid, 3 bid; any other value is the idle state.

@@ -76,18 +76,13 @@ void CAskBidPrices::ClearBadQuotes() {
     }
 }
 
-CAskBidPrices::caption CAskBidPrices::TakeCaption(bool enabled) {
-    caption result;
-    result.idle = IsIdle();
-    if (!enabled || result.idle || !(m_ask > 0.0)) {
-        result.text = resource_string::text(no_quotes_text);
-    } else {
-        result.text = m_format->ToTextEx(_price_of_mode(), m_min_move);
-    }
+CString CAskBidPrices::TakeCaption(bool enabled) {
+    CString text = enabled && !IsIdle() && m_ask > 0.0 ? m_format->ToTextEx(_price_of_mode(), m_min_move)
+                                                       : resource_string::text(no_quotes_text);
     // The blank keeps the text off the drop-down part.
-    result.text += L' ';
+    text += L' ';
     m_dirty = false;
-    return result;
+    return text;
 }
 
 std::optional<COLORREF> CAskBidPrices::get_Face() const {

@@ -27,7 +27,6 @@ public:
     LONG get_Mode() const { return m_mode; }
     bool IsIdle() const { return m_mode < ask_mode || m_mode > bid_mode; }
     bool IsDirty() const { return m_dirty; }
-    // Position of a row that chooses a mode: 1, 0 and -1 for ask, mid and bid.
     const CPriceToString& get_Format() const { return *m_format; }
     LONG get_MinMove() const { return m_min_move; }
     // The step of the symbol, in prices; negative for a code with no step.
@@ -41,18 +40,15 @@ public:
 
     // Takes the price of the mode for the chosen one; without a mode the former stays.
     void Choose();
-    // Takes a price of the ladder, and the mode that goes with its position: 1 ask, 0 mid, -1 bid. A
-    // position away from these leaves the mode on purpose: such a price is sent once.
+    // Takes a price of the ladder, and the mode that goes with its position: 1 ask, 0 mid, -1 bid. Any
+    // price and position are taken. A position away from these leaves the mode on purpose: such a price is
+    // sent once.
     void Choose(LONG position, double price);
 
-    struct caption {
-        CString text;
-        // The button must be disabled: there is nothing to offer.
-        bool idle = false;
-    };
-    // Nothing while the text is up to date. A quote that is not above 0 clears both.
+    // A quote that is not above 0 clears both.
     void ClearBadQuotes();
-    caption TakeCaption(bool enabled);
+    // The button's text, which is up to date from now on. Call ClearBadQuotes first.
+    CString TakeCaption(bool enabled);
 
     // The face of the mode; nothing without one.
     std::optional<COLORREF> get_Face() const;

@@ -21,6 +21,7 @@ HFONT bar_font() {
     return static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT));
 }
 
+// Deliberately without the task bar's part: nothing of the ladder is to lie behind it.
 RECT monitor_under_cursor() {
     POINT cursor = {};
     ::GetCursorPos(&cursor);

@@ -38,6 +38,7 @@ public:
 
     // Makes the hidden window. False when there is none.
     bool Create(HWND button);
+    // Ends the window and its pictures; nothing when they are gone.
     void Destroy();
     HWND get_Hwnd() const { return m_hWnd; }
     bool IsVisible() const { return m_hWnd != nullptr && ::IsWindowVisible(m_hWnd); }

@@ -11,7 +11,7 @@ constexpr LONG row_count = 7;
 constexpr int letters = 26;
 constexpr LONG page = 10;
 
-// Virtual keys, by the names that the platform gives them. The three pairs take what the number pad sends.
+// Virtual keys, by the names that the platform gives them. The four pairs take what the number pad sends.
 enum key : int {
     key_escape = 27,
     key_prior = 33,

@@ -69,7 +69,7 @@ private:
     static constexpr LONG mid_offset = -3;
     static constexpr LONG bid_offset = -4;
 
-    // Steps above the bid's row as the ladder counts them.
+    // A row's place as the ladder counts it: upwards, and past the three anchors above.
     LONG _offset(LONG row) const { return m_pos - 3 - row; }
     double _price(LONG row) const;
 
