@@ -219,7 +219,7 @@ TEST_F(PanelNotices, TheQuantityMovesInHundredsForStocksAndInOnesOtherwise) {
     EXPECT_STREQ(field(eODUE_Quantity).values.back().bstrVal, L"200");
 }
 
-TEST_F(PanelNotices, AnEmptyQuantityIsKeptOnTheScreenAndLogged) {
+TEST_F(PanelNotices, AnEmptyQuantityIsKeptOnTheScreenAndToldToTheField) {
     SetFocus(item(209));
     field(eODUE_Quantity).values.clear();
     SetWindowTextW(item(209), L"");
@@ -254,12 +254,16 @@ TEST_F(PanelNotices, EnterOnTheUnchangedSymbolDoesNothing) {
     EXPECT_TRUE(asserted().empty());
 }
 
-TEST_F(PanelNotices, EscShowsTheSymbolsNameAgain) {
+TEST_F(PanelNotices, EscShowsTheSymbolsNameAgainAndIsNoCancelOfTheDialog) {
     SetWindowTextW(item(203), L"es");
-    press(203, VK_ESCAPE);
+    MSG escape = {};
+    escape.hwnd = item(203);
+    escape.message = WM_KEYDOWN;
+    escape.wParam = VK_ESCAPE;
+    escape.lParam = 1;
+    EXPECT_TRUE(IsDialogMessageW(panel(), &escape));
     EXPECT_TRUE(tab->symbol->lookups.empty());
     EXPECT_EQ(text(203), L"SYM");
-    EXPECT_TRUE(IsWindow(bar->get_Hwnd()));
 }
 
 TEST_F(PanelNotices, LeavingTheSymbolLooksItUpQuietly) {

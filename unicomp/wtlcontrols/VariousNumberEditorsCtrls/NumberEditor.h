@@ -41,7 +41,8 @@ public:
     // without a word. moveCaret: a caret moves along by delta, so that an arrow key leaves it in place.
     void Spin(LONG delta, LONG multiplier, bool moveCaret);
 
-    // Notices of the edit.
+    // Notices of the edit. The first three throw as ParseText where nothing but a number was checked for,
+    // that is without SetParams and without a price.
     void OnUpdate();
     void OnSetFocus();
     void OnKillFocus();

@@ -42,6 +42,7 @@ public:
     void SetRule(LONG id, const SValidationRule& rule) { m_rules[id] = rule; }
     // Null when the control has none.
     const SValidationRule* FindRule(LONG id) const;
+    // Throws std::out_of_range for an id that is no message's.
     const CString& get_Message(UINT id) const { return m_messages.at(id); }
 
     // S_OK or E_FAIL, for the text in the control; an empty one is fine, and so is a control without a

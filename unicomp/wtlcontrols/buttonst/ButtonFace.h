@@ -11,7 +11,7 @@
 
 namespace WTLControls {
 
-// How a button behaves and what is drawn on it.
+// How a button behaves and what is drawn on it. Values, not positions of bits.
 namespace ButtonFlag {
 
 inline constexpr DWORD HotTracking = 1;
@@ -61,7 +61,7 @@ struct SGradientFace {
     RECT rect = {};
     COLORREF top = 0;
     COLORREF bottom = 0;
-    // 0 for a plain rectangle without an outline.
+    // 0 for a plain rectangle without an outline; a rounded one loses a pixel at each corner.
     int radius = 0;
     COLORREF outline = 0;
     int outline_alpha = 0;

@@ -39,9 +39,11 @@ public:
     void put_Images(HIMAGELIST images);
     // Opened by a click; empty for none.
     void put_URL(const CString& url) { m_url = url; }
+    // After SubclassWindow. In place of the former text.
     void put_Tooltip(const CString& text);
     HWND get_Tooltip() const { return m_tooltip; }
     bool get_Check() const { return m_checked; }
+    // A checked button looks pressed. Nobody is told.
     void put_Check(bool checked);
     bool IsHot() const { return (m_state & ButtonState::Hot) != 0; }
     // What the next paint draws.
