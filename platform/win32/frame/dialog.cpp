@@ -2,10 +2,9 @@
 
 #include <windows.h>
 
-#include <olectl.h>
-
 #include "platform/win32/frame/common_controls.h"
 #include "platform/win32/frame/module_instance.h"
+#include "platform/win32/frame/reflect.h"
 
 namespace frame {
 
@@ -30,13 +29,6 @@ bool returns_directly(UINT uMsg) {
         default:
             return false;
     }
-}
-
-// Hands a child what it told its parent, for controls that act on their own notices. Gives the child's
-// result, which counts for colours only.
-LRESULT reflect(UINT uMsg, WPARAM wParam, LPARAM lParam) {
-    const bool reflected = (uMsg == WM_COMMAND && lParam != 0) || uMsg == WM_CTLCOLOREDIT;
-    return reflected ? SendMessageW(reinterpret_cast<HWND>(lParam), OCM__BASE + uMsg, wParam, lParam) : 0;
 }
 
 }  // namespace
@@ -72,9 +64,9 @@ INT_PTR CALLBACK dialog::procedure(HWND hWnd, UINT uMsg, WPARAM wParam, LPARAM l
         return FALSE;
     }
     LRESULT result = 0;
-    if (!self->ProcessWindowMessage(hWnd, uMsg, wParam, lParam, result, 0)) {
-        const LRESULT answered = reflect(uMsg, wParam, lParam);
-        return returns_directly(uMsg) ? answered : FALSE;
+    if (!self->ProcessWindowMessage(hWnd, uMsg, wParam, lParam, result, 0) &&
+        !take(reflect(uMsg, wParam, lParam), result)) {
+        return FALSE;
     }
     if (returns_directly(uMsg)) {
         return result;

@@ -5,8 +5,8 @@
 namespace frame {
 
 // A modeless dialog from a template of the module. Lives on the thread that makes its window. The
-// window ends with the object, or before it; m_hWnd is null from then on. Commands and colours of edits
-// that it does not take go back to the child that they came from, as OCM_COMMAND and OCM_CTLCOLOREDIT.
+// window ends with the object, or before it; m_hWnd is null from then on. What its controls ask and it does
+// not take itself goes back to them (reflect).
 class dialog : public message_map {
 public:
     dialog() = default;

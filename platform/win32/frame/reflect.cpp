@@ -14,6 +14,7 @@ HWND sender_of(UINT uMsg, LPARAM lParam) {
             return item.CtlType == ODT_BUTTON ? item.hwndItem : nullptr;
         }
         case WM_CTLCOLORBTN:
+        case WM_CTLCOLOREDIT:
         case WM_COMMAND:
             return reinterpret_cast<HWND>(lParam);
         default:

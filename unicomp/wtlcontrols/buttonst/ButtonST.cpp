@@ -14,16 +14,6 @@ bool is_mouse_message(UINT uMsg) {
     return uMsg >= WM_MOUSEFIRST && uMsg <= WM_MOUSELAST;
 }
 
-WPARAM click_of(HWND window) {
-    return MAKEWPARAM(::GetDlgCtrlID(window), BN_CLICKED);
-}
-
-RECT client_of(HWND window) {
-    RECT client = {};
-    ::GetClientRect(window, &client);
-    return client;
-}
-
 constexpr std::size_t longest_text = 256;
 
 // The text as the system keeps it, without a message to the window that paints.
@@ -47,7 +37,7 @@ bool CButtonST::SubclassWindow(HWND button) {
     const auto style = static_cast<DWORD>(::GetWindowLongPtrW(button, GWL_STYLE));
     m_state = (style & BS_TYPEMASK) == BS_DEFPUSHBUTTON ? ButtonState::Default : 0;
     ::SetWindowLongPtrW(button, GWL_STYLE, static_cast<LONG_PTR>((style & ~BS_TYPEMASK) | BS_OWNERDRAW));
-    m_split = client_of(button).right;
+    m_split = _client().right;
     _open_theme();
     Repaint();
     return true;
@@ -96,7 +86,7 @@ void CButtonST::put_Tooltip(const CString& text) {
     TTTOOLINFOW tool = {};
     tool.cbSize = TTTOOLINFOW_V2_SIZE;
     tool.hwnd = m_hWnd;
-    tool.rect = client_of(m_hWnd);
+    tool.rect = _client();
     tool.lpszText = const_cast<wchar_t*>(text.c_str());
     if (m_tooltip != nullptr) {
         ::SendMessageW(m_tooltip, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
@@ -119,7 +109,7 @@ SButtonPicture CButtonST::_picture(bool pressed, bool focused) const {
     picture.look.pressed = m_checked || pressed;
     picture.look.focused = focused;
     picture.look.themed = m_theme != nullptr;
-    picture.client = client_of(m_hWnd);
+    picture.client = _client();
     picture.theme = m_theme;
     picture.colours = m_colours;
     picture.text = text_of(m_hWnd);
@@ -144,162 +134,17 @@ void CButtonST::OpenURL(const CString& url) {
     ::ShellExecuteW(m_hWnd, L"open", url.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
 }
 
+RECT CButtonST::_client() const {
+    RECT client = {};
+    ::GetClientRect(m_hWnd, &client);
+    return client;
+}
+
 void CButtonST::_draw(const DRAWITEMSTRUCT& item) {
     // The item tells what the window would have to be asked for, which costs as much as the drawing.
     m_renderer.DrawBackground(
         item.hDC, m_surface,
         _picture((item.itemState & ODS_SELECTED) != 0, (item.itemState & ODS_FOCUS) != 0));
-}
-
-void CButtonST::_cool() {
-    m_state &= ~ButtonState::Hot;
-    Repaint();
-}
-
-void CButtonST::_relay(UINT uMsg, WPARAM wParam, LPARAM lParam) const {
-    if (m_tooltip != nullptr) {
-        MSG message = {};
-        message.hwnd = m_hWnd;
-        message.message = uMsg;
-        message.wParam = wParam;
-        message.lParam = lParam;
-        ::SendMessageW(m_tooltip, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
-    }
-}
-
-void CButtonST::_on_mouse_move(WPARAM keys, POINT at) {
-    const bool over = contains(client_of(m_hWnd), at);
-    if (!IsHot()) {
-        if (over && ::IsChild(::GetActiveWindow(), m_hWnd)) {
-            m_state |= ButtonState::Hot;
-            ::SetCapture(m_hWnd);
-            Repaint();
-        }
-    } else if (!over) {
-        _cool();
-        // A button that is held goes on watching for its release.
-        if ((keys & MK_LBUTTON) == 0) {
-            ::ReleaseCapture();
-        }
-    }
-}
-
-LRESULT CButtonST::_on_button_down(WPARAM keys, LPARAM at) {
-    ::SendMessageW(::GetParent(m_hWnd), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(m_hWnd), TRUE);
-    const LRESULT result = DefWindowProc(WM_LBUTTONDOWN, keys, at);
-    if ((m_flags & ButtonFlag::AutoRepeat) != 0) {
-        _repeat_until_released();
-    }
-    if (_has_sink()) {
-        _tell_sink(frame::point_of(at));
-    }
-    return result;
-}
-
-void CButtonST::_repeat_until_released() {
-    const HWND parent = ::GetParent(m_hWnd);
-    const auto click = [&] {
-        ::SendMessageW(parent, WM_COMMAND, click_of(m_hWnd), reinterpret_cast<LPARAM>(m_hWnd));
-    };
-    ::SetCapture(m_hWnd);
-    bool even = true;
-    MSG release = {};
-    while (!::PeekMessageW(&release, m_hWnd, WM_LBUTTONUP, WM_LBUTTONUP, PM_REMOVE)) {
-        click();
-        ::Sleep(m_repeat_delay);
-        even = !even;
-    }
-    // Owners count on an even number of repeats.
-    if (!even) {
-        click();
-    }
-    ::ReleaseCapture();
-    ::SendMessageW(m_hWnd, WM_LBUTTONUP, 0, 0);
-    POINT at = {};
-    ::GetCursorPos(&at);
-    ::ScreenToClient(m_hWnd, &at);
-    ::SendMessageW(m_hWnd, WM_MOUSEMOVE, 0, MAKELPARAM(at.x, at.y));
-}
-
-// The place of the press counts, so that a press which a program sends works wherever the mouse is.
-void CButtonST::_tell_sink(POINT at) {
-    const RECT client = client_of(m_hWnd);
-    if (is_drop_down_part(client, m_split, at)) {
-        m_told = true;
-        m_sink->OnDropDownClick();
-    } else if (contains(client, at)) {
-        m_told = true;
-        m_sink->OnButtonClick();
-    }
-}
-
-frame::answer CButtonST::_on_button_up() {
-    if (!m_told) {
-        return frame::declined;
-    }
-    m_told = false;
-    // Losing the mouse ends the press without the click that a release would be.
-    ::ReleaseCapture();
-    ::SendMessageW(m_hWnd, BM_SETSTATE, FALSE, 0);
-    return 0;
-}
-
-frame::answer CButtonST::_on_mouse(UINT uMsg, WPARAM wParam, LPARAM lParam) {
-    switch (uMsg) {
-        case WM_MOUSEMOVE:
-            _on_mouse_move(wParam, frame::point_of(lParam));
-            return frame::declined;
-        case WM_LBUTTONDOWN:
-        case WM_LBUTTONDBLCLK:
-            // An owner-drawn button would take the second of two fast presses for something else.
-            return _on_button_down(wParam, lParam);
-        case WM_LBUTTONUP:
-            return _on_button_up();
-        default:
-            return frame::declined;
-    }
-}
-
-frame::answer CButtonST::_on_released_key() {
-    ::ReleaseCapture();
-    ::SendMessageW(m_hWnd, BM_SETSTATE, FALSE, 0);
-    m_sink->OnButtonClick();
-    return 0;
-}
-
-// A button with two parts has keys for both: space and Enter for the first, F4 and Alt with the down
-// arrow for the drop-down.
-frame::answer CButtonST::_on_key(UINT uMsg, WPARAM wParam, LPARAM lParam) {
-    if (!_has_sink()) {
-        return frame::declined;
-    }
-    const bool drops =
-        (uMsg == WM_KEYDOWN && wParam == VK_F4) || (uMsg == WM_SYSKEYDOWN && wParam == VK_DOWN);
-    if (drops) {
-        m_sink->OnDropDownClick();
-        return 0;
-    }
-    if (uMsg == WM_KEYDOWN && wParam == VK_RETURN) {
-        m_sink->OnButtonClick();
-        return 0;
-    }
-    if (uMsg == WM_KEYUP && wParam == VK_SPACE &&
-        (::SendMessageW(m_hWnd, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0) {
-        return _on_released_key();
-    }
-    const auto* const message = reinterpret_cast<const MSG*>(lParam);
-    if (uMsg == WM_GETDLGCODE && message != nullptr && message->wParam == VK_RETURN) {
-        return DLGC_WANTALLKEYS;
-    }
-    return frame::declined;
-}
-
-LRESULT CButtonST::_after_losing_heat(UINT uMsg, WPARAM wParam, LPARAM lParam) {
-    const LRESULT result = DefWindowProc(uMsg, wParam, lParam);
-    if ((m_flags & ButtonFlag::HotTracking) != 0 && IsHot()) {
-        _cool();
-    }
-    return result;
 }
 
 // Past the button's own procedure, which paints at once: the text would be painted twice.

@@ -71,6 +71,7 @@ private:
     void _tell_sink(POINT at);
     frame::answer _on_button_up();
     frame::answer _on_released_key();
+    RECT _client() const;
     SButtonPicture _picture(bool pressed, bool focused) const;
     LRESULT _on_set_text(WPARAM wParam, LPARAM lParam) const;
     void _on_reflected_click();

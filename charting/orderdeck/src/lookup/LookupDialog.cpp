@@ -1,6 +1,7 @@
 // The part of CLookupImpl that lets the user choose in the host's dialog.
 #include <array>
 
+#include "charting/orderdeck/src/lookup/HostCall.h"
 #include "charting/orderdeck/src/lookup/HostObject.h"
 #include "charting/orderdeck/src/lookup/LookupImpl.h"
 #include "charting/orderdeck/src/lookup/OwnedText.h"
@@ -18,20 +19,6 @@ constexpr UINT search = 121;
 constexpr LONG modal_sheet = 0x80;
 // Deliberate: of all modal results this one alone means that nothing was chosen.
 constexpr LONG nothing_chosen = 1;
-
-void require(const BugSlayerUtil::code_location& where, const char* text, HRESULT hr) {
-    if (FAILED(hr)) {
-        BugSlayerUtil::assertion(where, text, hr);
-        _com_issue_error(hr);
-    }
-}
-
-// For what only prepares the dialog: without it the user finds the symbol all the same.
-void report(const BugSlayerUtil::code_location& where, const char* text, HRESULT hr) {
-    if (FAILED(hr)) {
-        BugSlayerUtil::assertion(where, text, hr);
-    }
-}
 
 using platform::text_argument;
 

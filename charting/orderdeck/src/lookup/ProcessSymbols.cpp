@@ -1,23 +1,11 @@
 #include "charting/orderdeck/src/lookup/ProcessSymbols.h"
 
+#include "charting/orderdeck/src/lookup/HostCall.h"
 #include "charting/orderdeck/src/lookup/HostObject.h"
 #include "diagnostics/BugSlayerUtil.h"
 
 namespace OV_OrderDeck {
 namespace {
-
-[[gnu::cold]] void fail(const BugSlayerUtil::code_location& where, const char* text, HRESULT hr) {
-    BugSlayerUtil::assertion(where, text, hr);
-    _com_issue_error(hr);
-}
-
-// Costs a row nothing but the look at the result.
-[[gnu::always_inline]] inline void require(const BugSlayerUtil::code_location& where, const char* text,
-                                           HRESULT hr) {
-    if (FAILED(hr)) {
-        fail(where, text, hr);
-    }
-}
 
 bool at_end(IovTable& table) {
     VARIANT_BOOL end = VARIANT_TRUE;

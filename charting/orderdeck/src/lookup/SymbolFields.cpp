@@ -1,5 +1,6 @@
 #include "charting/orderdeck/src/lookup/SymbolFields.h"
 
+#include "charting/orderdeck/src/lookup/HostCall.h"
 #include "diagnostics/BugSlayerUtil.h"
 #include "platform/com_ptr.h"
 
@@ -22,11 +23,6 @@ constexpr failure_places all_at(const code_location& where) {
 constexpr code_location at_line(code_location where, int line) {
     where.line = line;
     return where;
-}
-
-[[gnu::cold]] void fail(const code_location& where, const char* text, HRESULT hr) {
-    BugSlayerUtil::assertion(where, text, hr);
-    _com_issue_error(hr);
 }
 
 template <class Value>

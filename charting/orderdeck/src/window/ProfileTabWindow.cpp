@@ -12,7 +12,6 @@
 #include "charting/orderdeck/src/window/RowRoom.h"
 #include "charting/orderdeck/src/window/WindowText.h"
 #include "diagnostics/BugSlayerUtil.h"
-#include "platform/win32/frame/reflect.h"
 #include "unicomp/FormatUtil/interface/NumberFormat.h"
 #include "unicomp/Simples/interface/resource_string.h"
 
@@ -92,7 +91,7 @@ BOOL CProfileTabWindow::ProcessWindowMessage(HWND, UINT uMsg, WPARAM wParam, LPA
         case WM_NOTIFY:
             return frame::take(_dispatch_notify(*reinterpret_cast<const NMHDR*>(lParam)), lResult);
         default:
-            return frame::take(frame::reflect(uMsg, wParam, lParam), lResult);
+            return FALSE;
     }
 }
 

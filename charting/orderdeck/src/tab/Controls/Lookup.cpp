@@ -1,5 +1,6 @@
 #include "charting/orderdeck/src/tab/Controls/Lookup.h"
 
+#include "charting/orderdeck/src/lookup/HostCall.h"
 #include "charting/orderdeck/src/lookup/LookupImpl.h"
 #include "charting/orderdeck/src/root/FindMainFrame.h"
 #include "charting/orderdeck/src/root/ProfileWrap.h"
@@ -18,13 +19,6 @@ namespace {
 constexpr LONG quiet_flag = 1;
 constexpr UINT type_the_name = 119;
 constexpr UINT offer_to_connect = 120;
-
-void require(const BugSlayerUtil::code_location& where, const char* text, HRESULT hr) {
-    if (FAILED(hr)) {
-        BugSlayerUtil::assertion(where, text, hr);
-        _com_issue_error(hr);
-    }
-}
 
 // The service as the host or the machine has registered it, wherever it lives; without that the component's
 // own, since a host may load the component by its path and register nothing.

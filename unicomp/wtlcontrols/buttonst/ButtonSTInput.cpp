@@ -1,0 +1,165 @@
+// Mouse and keys on a drawn button.
+#include "unicomp/wtlcontrols/buttonst/ButtonST.h"
+
+namespace WTLControls {
+
+namespace {
+
+WPARAM click_of(HWND window) {
+    return MAKEWPARAM(::GetDlgCtrlID(window), BN_CLICKED);
+}
+
+}  // namespace
+
+void CButtonST::_cool() {
+    m_state &= ~ButtonState::Hot;
+    Repaint();
+}
+
+void CButtonST::_relay(UINT uMsg, WPARAM wParam, LPARAM lParam) const {
+    if (m_tooltip != nullptr) {
+        MSG message = {};
+        message.hwnd = m_hWnd;
+        message.message = uMsg;
+        message.wParam = wParam;
+        message.lParam = lParam;
+        ::SendMessageW(m_tooltip, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
+    }
+}
+
+void CButtonST::_on_mouse_move(WPARAM keys, POINT at) {
+    const bool over = contains(_client(), at);
+    if (!IsHot()) {
+        if (over && ::IsChild(::GetActiveWindow(), m_hWnd)) {
+            m_state |= ButtonState::Hot;
+            ::SetCapture(m_hWnd);
+            Repaint();
+        }
+    } else if (!over) {
+        _cool();
+        // A button that is held goes on watching for its release.
+        if ((keys & MK_LBUTTON) == 0) {
+            ::ReleaseCapture();
+        }
+    }
+}
+
+LRESULT CButtonST::_on_button_down(WPARAM keys, LPARAM at) {
+    ::SendMessageW(::GetParent(m_hWnd), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(m_hWnd), TRUE);
+    const LRESULT result = DefWindowProc(WM_LBUTTONDOWN, keys, at);
+    if ((m_flags & ButtonFlag::AutoRepeat) != 0) {
+        _repeat_until_released();
+    }
+    if (_has_sink()) {
+        _tell_sink(frame::point_of(at));
+    }
+    return result;
+}
+
+void CButtonST::_repeat_until_released() {
+    const HWND parent = ::GetParent(m_hWnd);
+    const auto click = [&] {
+        ::SendMessageW(parent, WM_COMMAND, click_of(m_hWnd), reinterpret_cast<LPARAM>(m_hWnd));
+    };
+    ::SetCapture(m_hWnd);
+    bool even = true;
+    MSG release = {};
+    while (!::PeekMessageW(&release, m_hWnd, WM_LBUTTONUP, WM_LBUTTONUP, PM_REMOVE)) {
+        click();
+        ::Sleep(m_repeat_delay);
+        even = !even;
+    }
+    // Owners count on an even number of repeats.
+    if (!even) {
+        click();
+    }
+    ::ReleaseCapture();
+    ::SendMessageW(m_hWnd, WM_LBUTTONUP, 0, 0);
+    POINT at = {};
+    ::GetCursorPos(&at);
+    ::ScreenToClient(m_hWnd, &at);
+    ::SendMessageW(m_hWnd, WM_MOUSEMOVE, 0, MAKELPARAM(at.x, at.y));
+}
+
+// The place of the press counts, so that a press which a program sends works wherever the mouse is.
+void CButtonST::_tell_sink(POINT at) {
+    const RECT client = _client();
+    if (is_drop_down_part(client, m_split, at)) {
+        m_told = true;
+        m_sink->OnDropDownClick();
+    } else if (contains(client, at)) {
+        m_told = true;
+        m_sink->OnButtonClick();
+    }
+}
+
+frame::answer CButtonST::_on_button_up() {
+    if (!m_told) {
+        return frame::declined;
+    }
+    m_told = false;
+    // Losing the mouse ends the press without the click that a release would be.
+    ::ReleaseCapture();
+    ::SendMessageW(m_hWnd, BM_SETSTATE, FALSE, 0);
+    return 0;
+}
+
+frame::answer CButtonST::_on_mouse(UINT uMsg, WPARAM wParam, LPARAM lParam) {
+    switch (uMsg) {
+        case WM_MOUSEMOVE:
+            _on_mouse_move(wParam, frame::point_of(lParam));
+            return frame::declined;
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+            // An owner-drawn button would take the second of two fast presses for something else.
+            return _on_button_down(wParam, lParam);
+        case WM_LBUTTONUP:
+            return _on_button_up();
+        default:
+            return frame::declined;
+    }
+}
+
+frame::answer CButtonST::_on_released_key() {
+    ::ReleaseCapture();
+    ::SendMessageW(m_hWnd, BM_SETSTATE, FALSE, 0);
+    m_sink->OnButtonClick();
+    return 0;
+}
+
+// A button with two parts has keys for both: space and Enter for the first, F4 and Alt with the down
+// arrow for the drop-down.
+frame::answer CButtonST::_on_key(UINT uMsg, WPARAM wParam, LPARAM lParam) {
+    if (!_has_sink()) {
+        return frame::declined;
+    }
+    const bool drops =
+        (uMsg == WM_KEYDOWN && wParam == VK_F4) || (uMsg == WM_SYSKEYDOWN && wParam == VK_DOWN);
+    if (drops) {
+        m_sink->OnDropDownClick();
+        return 0;
+    }
+    if (uMsg == WM_KEYDOWN && wParam == VK_RETURN) {
+        m_sink->OnButtonClick();
+        return 0;
+    }
+    if (uMsg == WM_KEYUP && wParam == VK_SPACE &&
+        (::SendMessageW(m_hWnd, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0) {
+        return _on_released_key();
+    }
+    const auto* const message = reinterpret_cast<const MSG*>(lParam);
+    if (uMsg == WM_GETDLGCODE && message != nullptr && message->wParam == VK_RETURN) {
+        return DLGC_WANTALLKEYS;
+    }
+    return frame::declined;
+}
+
+LRESULT CButtonST::_after_losing_heat(UINT uMsg, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = DefWindowProc(uMsg, wParam, lParam);
+    if ((m_flags & ButtonFlag::HotTracking) != 0 && IsHot()) {
+        _cool();
+    }
+    return result;
+}
+
+}  // namespace WTLControls
