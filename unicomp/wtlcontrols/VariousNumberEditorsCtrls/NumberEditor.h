@@ -41,8 +41,8 @@ public:
     // without a word. moveCaret: a caret moves along by delta, so that an arrow key leaves it in place.
     void Spin(LONG delta, LONG multiplier, bool moveCaret);
 
-    // Notices of the edit. The first three throw as ParseText where nothing but a number was checked for,
-    // that is without SetParams and without a price.
+    // Notices of the edit. Before SetParams, and without a price, every text counts as valid: one that is
+    // no number throws as ParseText does.
     void OnUpdate();
     void OnSetFocus();
     void OnKillFocus();
