@@ -3,6 +3,8 @@
 
 #include <commctrl.h>
 
+#include <limits>
+
 #include "tests/window/bar_fixture.h"
 
 namespace {
@@ -104,6 +106,18 @@ TEST_F(PanelBalloons, TheBalloonBelongsToThePriceThatIsTypedAndGoesWhenItIsLeft)
     EXPECT_EQ(titles.last(), L"委託價");
     spin(216, 1);
     EXPECT_FALSE(balloon_visible()) << "a spin ends it";
+}
+
+TEST_F(PanelBalloons, ARangeBeyondAllNumbersShowsItsEndsAndOneThatIsNoneZero) {
+    auto& price = field(eODUE_FirstPrice);
+    price.empty = true;
+    price.low = -1e300;
+    price.high = 1e300;
+    type(214, L"x");
+    EXPECT_EQ(balloon_text(214), L"請輸入 -2147483648 至 2147483647 的數值。");
+    price.low = std::numeric_limits<double>::quiet_NaN();
+    type(214, L"y");
+    EXPECT_EQ(balloon_text(214), L"請輸入 0 至 2147483647 的數值。");
 }
 
 TEST_F(PanelBalloons, APriceThatThePanelWritesShowsNoBalloon) {

@@ -2,7 +2,10 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "tests/window/bar_fixture.h"
+#include "tests/window/sent_messages.h"
 
 namespace {
 
@@ -142,6 +145,19 @@ TEST_F(PanelNotices, LeavingAPriceShowsItsValueAndKeepsWhatIsNone) {
     field(eODUE_FirstPrice).value = L"";
     SetFocus(item(209));
     EXPECT_EQ(text(214), typed);
+}
+
+TEST_F(PanelNotices, LeavingAPriceIsNoSecretToTheEdit) {
+    for (const int id : {214, 217}) {
+        SetFocus(item(id));
+        window_tests::sent_messages sent;
+        SetFocus(item(209));
+        const auto seen = sent.take();
+        EXPECT_TRUE(std::ranges::any_of(seen, [&](const window_tests::sent_message& each) {
+            return each.window == panel() && each.message == WM_COMMAND &&
+                   each.wParam == MAKEWPARAM(id, EN_KILLFOCUS);
+        })) << id;
+    }
 }
 
 TEST_F(PanelNotices, ASpinGivesItsStepsAndShowsWhatComes) {

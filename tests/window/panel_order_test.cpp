@@ -203,6 +203,14 @@ TEST_F(PanelOrder, TheQuotesFollowTheMovementOfTheSymbol) {
     EXPECT_EQ(text(231), L"101.50 ") << "the mid 101.25 on a grid of 0.50";
 }
 
+TEST_F(PanelOrder, AMovementBeyondAllNumbersCountsAsTheLargest) {
+    tab->quotes->ask = 101.50;
+    tab->quotes->bid = 101.00;
+    tab->symbol->min_movement = 1e300;
+    bar->Update(tab->id, eODUE_Symbol | eODUE_AskBid);
+    EXPECT_EQ(text(231), L"0.00 ") << "the mid 101.25 on a grid of 21474836.47";
+}
+
 TEST_F(PanelOrder, AnEmptySymbolShowsItsTextAndLeavesTheScaleOfTheQuotes) {
     tab->symbol->empty = true;
     tab->symbol->value = L"";
