@@ -49,6 +49,13 @@ TEST(DateTime, TheDayNumberDropsTheTime) {
     EXPECT_EQ(SDateTime(599264352000000000 - 864000000000).GetDayNumber(), -1);
 }
 
+TEST(DateTime, AnOleDateIsTheDaysSinceItsEpochWithTheirFraction) {
+    EXPECT_EQ(SDateTime(599264352000000000).ToOleDate(), 0.0);
+    EXPECT_EQ(SDateTime().ToOleDate(), 2.0);
+    EXPECT_EQ(SDateTime(599264352000000000 + 45000 * 864000000000 + 216000000000).ToOleDate(), 45000.25);
+    EXPECT_EQ(SDateTime(599264352000000000 + 65380 * 864000000000 + 432000000000).ToOleDate(), 65380.5);
+}
+
 TEST(DateTime, AnOleDateBecomesTicks) {
     EXPECT_EQ(SDateTime::OleDate2Ticks(0.0), 599264352000000000);
     EXPECT_EQ(SDateTime::OleDate2Ticks(-0.0), 599264352000000000);

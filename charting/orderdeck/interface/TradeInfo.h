@@ -26,9 +26,6 @@ public:
     // stays null. An invalid record is reported and copied all the same.
     void copy_to(OD_SSymbolInfo& info) const;
 
-    // The expiry as an OLE date.
-    double expiry_date() const;
-
     // The record holds a symbol.
     bool valid() const { return m_bValid; }
     // Reports a record that is not valid.

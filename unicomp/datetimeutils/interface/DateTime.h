@@ -81,6 +81,11 @@ struct SDateTime {
     // Ticks of an OLE date, 0 to 65381, rounded to 10 microseconds.
     static LONGLONG OleDate2Ticks(double value);
 
+    // The stamp as an OLE date. For stamps from 1899-12-30 on.
+    double ToOleDate() const {
+        return static_cast<double>(m_ticks - epoch_ticks) / static_cast<double>(ticks_per_day);
+    }
+
     // The day of the week is not looked at. Nothing changes when the date is refused.
     SDateTime& operator=(const SYSTEMTIME& aDate);
 

@@ -31,8 +31,7 @@ SYSTEMTIME system_time_of_ole_date(double date) {
 }
 
 double ole_date(const SYSTEMTIME& date) {
-    return static_cast<double>(stamp_of(date).m_ticks - ovDateTime::epoch_ticks) /
-           static_cast<double>(ovDateTime::ticks_per_day);
+    return stamp_of(date).ToOleDate();
 }
 
 }  // namespace WTLControls

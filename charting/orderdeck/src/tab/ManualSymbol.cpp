@@ -35,7 +35,7 @@ SManualSymbol make_manual_symbol(const CSymbolInfo& symbol) {
     result.Exchange = symbol.Exchange.copy(false);
     result.Category = symbol.Category;
     result.Currency = symbol.Currency;
-    result.Expiry = symbol.expiry_date();
+    result.Expiry = symbol.Expiry.ToOleDate();
     result.MinMovement = truncate(symbol.MinMovement);
     // Deliberate: decimal codes are sent as 0.0. Hosts know those scales by the symbol itself.
     result.PriceStep = order_price_step(symbol.PriceScaleCode);

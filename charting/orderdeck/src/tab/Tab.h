@@ -52,11 +52,14 @@ public:
 
     // Tells the bar which fields changed.
     void _update(unsigned mask);
+    // Asks the bar for the focus; does nothing while another tab is shown.
     void _set_focus(OD_UpdateEntity entity);
     // Sends the order. Shows a message instead when a needed price is missing; throws _com_error when
     // any other field lacks its value.
     void _on_place_order(LONG action);
+    // The symbol's record changed in any way: drops what belonged to the old one, tells host and bar.
     void _on_symbol_changed();
+    // Clears the prices and reads the times in force of the new type. Throws _com_error (E_FAIL) without one.
     void _on_order_type_changed();
     // Puts a picked quote into both prices, limited to their range.
     void _apply_price(double value);

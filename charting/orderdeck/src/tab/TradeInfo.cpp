@@ -71,11 +71,6 @@ CSymbolInfo& CSymbolInfo::operator=(OD_SSymbolInfo&& info) {
     return *this = taken;
 }
 
-double CSymbolInfo::expiry_date() const {
-    return static_cast<double>(Expiry.m_ticks - ovDateTime::epoch_ticks) /
-           static_cast<double>(ovDateTime::ticks_per_day);
-}
-
 void CSymbolInfo::copy_to(OD_SSymbolInfo& info) const {
     BS_ASSERT(m_bValid);
     for (const auto& [to, from] : texts) {
@@ -86,7 +81,7 @@ void CSymbolInfo::copy_to(OD_SSymbolInfo& info) const {
     info.id = id;
     info.Category = Category;
     info.Currency = Currency;
-    info.Expiry = expiry_date();
+    info.Expiry = Expiry.ToOleDate();
     info.PriceScaleCode = PriceScaleCode;
     info.MinMovement = MinMovement;
     info.BigPointValue = BigPointValue;

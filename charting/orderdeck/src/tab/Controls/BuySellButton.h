@@ -8,12 +8,14 @@ namespace OV_OrderDeck {
 // What Buy and Sell have in common: the face of the button tells what would be sent.
 class CBuySellButtonBase : public CUnifyControlImpl<IUnifyControl> {
 public:
+    // Connected, with a symbol, and the field's own wish.
     bool get_Enabled() override;
 
 protected:
     // Verb, blank, word of the order category, line feed, quantity. Throws std::out_of_range for a category
     // that is not known, none selected included.
     CString _caption(UINT verb);
+    // May show a message. Throws _com_error when a field other than a price lacks its value.
     void _place_order(LONG action);
 };
 

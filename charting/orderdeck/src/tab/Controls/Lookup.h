@@ -11,6 +11,8 @@ namespace OV_OrderDeck {
 // and thrown as _com_error; the record then stays as it was.
 class CLookup : public CUnifyControlImpl<ISymbolCtrl> {
 public:
+    // VT_BSTR: a text to look up, as when the user confirms it. Throws _com_error (DISP_E_TYPEMISMATCH) for
+    // any other type.
     void put_Value(const VARIANT& value) override;
     _variant_t get_Value() override;
     bool IsEmpty() override;
@@ -18,6 +20,7 @@ public:
     LONG get_Category() override;
     LONG get_PriceScaleCode() override;
     double get_MinMovement() override;
+    // Both may dispatch messages and show dialogs; the tab is kept alive until they are done.
     void LookupWithDialog() override;
     void LookupByText(const CString& text, bool bAskConnect, bool bQuiet) override;
 

@@ -8,6 +8,7 @@ namespace OV_OrderDeck {
 // The time in force. Keys are its codes; a code that is not known has no text.
 class CTimeInForceCombo : public CListImpl<IUnifyControl> {
 public:
+    // Names the date field to the bar, also for a key that the list refused.
     void Select(LONG key) override;
     bool get_Enabled() override;
 

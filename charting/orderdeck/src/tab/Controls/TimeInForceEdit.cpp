@@ -28,8 +28,7 @@ void CTimeInForceEdit::put_Value(const VARIANT& value) {
 _variant_t CTimeInForceEdit::get_Value() {
     _variant_t result;
     result.vt = VT_DATE;
-    result.date = static_cast<double>(m_value.m_ticks - ovDateTime::epoch_ticks) /
-                  static_cast<double>(ovDateTime::ticks_per_day);
+    result.date = m_value.ToOleDate();
     return result;
 }
 
