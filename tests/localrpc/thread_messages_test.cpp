@@ -58,4 +58,5 @@ TEST_F(ThreadTransport, LosesTheMessageAfterTheHundredthOfATurn) {
 TEST_F(ThreadTransport, TakesTheMessagesAfterTheLostOneInTheNextTurn) {
     EXPECT_EQ(dispatched_of(*m_thread, 102), 101);
 }
+
 }  // namespace

@@ -132,4 +132,5 @@ TEST_F(ThreadTransport, AFiniteTimeoutLetsAnIdleWorkerEndByItself) {
     EXPECT_FALSE(m_thread->IsStarted());
     EXPECT_EQ(m_recorder.records().size(), 0u);
 }
+
 }  // namespace

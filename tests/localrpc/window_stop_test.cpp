@@ -131,4 +131,5 @@ TEST_F(WindowTransport, AWindowThatIsGoneIsReportedOnceMore) {
     ASSERT_EQ(m_recorder.assertions().size(), 1u);
     EXPECT_NE(m_recorder.assertions()[0].file.find(L"AO_WndMsgPumpTransport"), std::wstring::npos);
 }
+
 }  // namespace
