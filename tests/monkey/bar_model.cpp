@@ -75,7 +75,7 @@ void bar_model::dispatch(const action& done) {
 }
 
 void bar_model::host_event(const action& done) {
-    const int profile = host_model::profile_of(done.who);
+    const int profile = place_of_profile(done.who);
     // A row hears its profile for as long as it lives, also when the root has forgotten it.
     row_model* const row = row_of(profile);
     row_model* const listening = row != nullptr && row->listens ? row : nullptr;
@@ -110,7 +110,7 @@ void bar_model::host_event(const action& done) {
 
 // Nobody is told of these.
 void bar_model::silent_event(const action& done) {
-    profile_model& its = m_host.profiles.at(static_cast<std::size_t>(host_model::profile_of(done.who)));
+    profile_model& its = m_host.profiles.at(static_cast<std::size_t>(place_of_profile(done.who)));
     switch (done.what) {
         case act::silent_state:
             its.state = pick(states(), done.which);
@@ -140,7 +140,7 @@ void bar_model::silent_event(const action& done) {
 
 // The host's collection changes whether the root hears of it or not.
 void bar_model::collection_event(const action& done) {
-    const int profile = host_model::profile_of(done.who);
+    const int profile = place_of_profile(done.who);
     const bool heard = m_subscribed && !m_reloading;
     switch (done.what) {
         case act::add_profile:
@@ -226,7 +226,7 @@ void bar_model::drive(const action& done) {
     if (done.what != act::drive_symbol_id) {
         fill();
     }
-    row_model* const row = row_of(host_model::profile_of(done.who));
+    row_model* const row = row_of(place_of_profile(done.who));
     if (row == nullptr || (done.what == act::drive_symbol_id && !reaches_tabs())) {
         return;
     }

@@ -64,12 +64,13 @@ bool bar_model::close() {
     std::vector<memory_record> records;
     if (need_disconnect()) {
         m_notes.emplace_back("Master's counter is 1. Disconnect profiles ...");
-        std::vector<LONG> ids;
+        std::vector<std::pair<LONG, int>> tabs;
         for (const auto& row : m_rows) {
-            ids.push_back(row->id);
+            tabs.emplace_back(row->id, row->profile);
         }
-        for (const LONG id : ids) {
-            row_model* const row = find(id);
+        for (const auto& [id, profile] : tabs) {
+            // A reload during the question makes the tabs of the same profiles anew.
+            row_model* const row = find(id) != nullptr ? find(id) : row_of(profile);
             if (row == nullptr) {
                 continue;
             }

@@ -55,8 +55,6 @@ struct host_model {
     double now = 47618.25;
 
     bool fails(broken what) const { return faults.count(what) != 0; }
-    // The profile whose number an action gave.
-    static int profile_of(int who) { return who % profile_count; }
     bool is_listed(int profile) const;
 };
 

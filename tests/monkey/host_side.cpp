@@ -208,7 +208,7 @@ HRESULT host_side::perform(const action& done) {
 }
 
 HRESULT host_side::profile_event(const action& done) {
-    test::FakeProfile& profile = *pick(m_profiles, done.who);
+    test::FakeProfile& profile = *pick(m_profiles, place_of_profile(done.who));
     switch (done.what) {
         case act::quote: {
             const auto [bid, ask] = pick(quotes(), done.which);
@@ -263,7 +263,7 @@ void host_side::unlist(const com_ptr<test::FakeProfile>& profile) {
 }
 
 HRESULT host_side::collection_event(const action& done) {
-    const com_ptr<test::FakeProfile> profile = pick(m_profiles, done.who);
+    const com_ptr<test::FakeProfile> profile = pick(m_profiles, place_of_profile(done.who));
     switch (done.what) {
         case act::add_profile:
             return list(profile, done.yes);

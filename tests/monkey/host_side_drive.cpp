@@ -37,7 +37,7 @@ boost::shared_ptr<OV_OrderDeck::ITradeInfoProperties> host_side::tab_of(const te
 }
 
 HRESULT host_side::drive(const action& done) {
-    test::FakeProfile& profile = *pick(m_profiles, done.who);
+    test::FakeProfile& profile = *pick(m_profiles, place_of_profile(done.who));
     const _bstr_t id(profile.outer_id.c_str());
     switch (done.what) {
         case act::drive_symbol:

@@ -73,6 +73,9 @@ void window_subject::scroll_ladder(int which) {
 void window_subject::pick_row(int row) {
     const HWND window = ladder();
     if (IsWindowVisible(window) == FALSE) {
+        open_ladder();
+    }
+    if (IsWindowVisible(window) == FALSE) {
         return;
     }
     const LONG button = height_of(GetDlgItem(window, up_button));

@@ -13,13 +13,15 @@ namespace {
 using window_tests::menu_line;
 using window_tests::menu_user;
 
-// Down to a line and take it, or leave; from a line that can't be taken as well.
+// To the first line, wherever the mouse is, down to a line and take it; or leave, from a line that can't be
+// taken as well.
 std::vector<WPARAM> keys_for(int chosen) {
     const auto place = static_cast<std::size_t>(chosen);
     if (place >= menu_user::lines().size() || !menu_user::lines()[place].usable) {
         return {VK_ESCAPE};
     }
-    std::vector<WPARAM> keys(place + 1, VK_DOWN);
+    std::vector<WPARAM> keys = {VK_HOME};
+    keys.insert(keys.end(), place, VK_DOWN);
     keys.push_back(VK_RETURN);
     return keys;
 }

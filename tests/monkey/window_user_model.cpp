@@ -60,8 +60,10 @@ void window_model::user(row_model& row, const action& done) {
             return pick_date(row, pick(picked_dates(), done.which));
         case act::profile_menu:
             return profile_menu(row, done.which);
-        // What was typed and taken back again leaves nothing behind.
         case act::escape_symbol:
+            // What was typed is taken back, a name that was not found included.
+            m_panel[symbol_bit].text = test::narrow(row.symbol_name());
+            return;
         default:
             return;
     }
@@ -130,6 +132,10 @@ void window_model::ladder(row_model& row, const action& done) {
             }
             return;
         case act::pick_row:
+            // For most of the picks he has to open it first.
+            if (!m_quotes.ladder_is_open() && usable(quotes_bit)) {
+                m_quotes.toggle_ladder();
+            }
             if (m_quotes.ladder_is_open()) {
                 row.pick_quote(m_quotes.pick(done.which % 7));
             }

@@ -55,6 +55,13 @@ const std::vector<std::pair<double, double>>& quotes() {
     static const std::vector<std::pair<double, double>> all = {
         {100.25, 100.5},
         {99.99, 100.01},
+        {52.5, 52.75},
+        {101.0, 101.25},
+        {7.0, 7.5},
+        {64.015625, 64.03125},
+        {1234.5, 1235.0},
+        {0.5, 0.75},
+        {20.0, 20.01},
         {100.0, 100.0},
         {1.0, 300000.0},
         {-2.0, -1.0},
@@ -72,7 +79,7 @@ const std::vector<std::pair<double, double>>& quotes() {
 }
 
 const std::vector<LONG>& states() {
-    static const std::vector<LONG> all = {768, 768, 768, 256, 512, 0, 1000};
+    static const std::vector<LONG> all = {768, 768, 256, 768, 768, 768, 512, 768, 768, 0, 768, 1000};
     return all;
 }
 

@@ -20,6 +20,11 @@ auto& pick(List& list, int which) {
 
 inline constexpr int profile_count = 5;
 
+// The profile whose number an action gave. Most of what happens concerns the first two.
+constexpr int place_of_profile(int who) {
+    return who % 2 == 0 ? who / 2 % 2 : who / 2 % profile_count;
+}
+
 // The first name and the outer id of a profile; two of them have one name.
 struct profile_names {
     CString name;
@@ -33,7 +38,7 @@ inline const CString own_feed = L"CQG";
 
 // Bid, then ask.
 const std::vector<std::pair<double, double>>& quotes();
-// Good and bad, with the states that no enumeration has.
+// With the states that no enumeration has. A row is good for little before it is connected.
 const std::vector<LONG>& states();
 const std::vector<std::vector<CString>>& account_lists();
 const std::vector<CString>& driven_accounts();
