@@ -79,7 +79,7 @@ TEST_F(PersistenceLock, IsLeftAndClosedAfterAFailureToo) {
 
 TEST_F(PersistenceLock, ThatAnotherHoldsIsClosedAndNotLeft) {
     bar.open({});
-    for (const DWORD result : {WAIT_TIMEOUT, WAIT_FAILED}) {
+    for (const DWORD result : {DWORD{WAIT_TIMEOUT}, DWORD{WAIT_FAILED}}) {
         mutexes.result = result;
         EXPECT_EQ(bar.root->OnClose(), S_OK);
         EXPECT_THAT(frame(), ElementsAre("mutex asked", "mutex closed"));
