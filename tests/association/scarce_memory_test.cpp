@@ -1,52 +1,13 @@
 // Memory that runs out, at every place where this program's own code asks for some.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <cstring>
 #include <cwchar>
 #include <new>
 
 #include "platform/registry.h"
+#include "tests/support/allocation_faults.h"
 #include "unicomp/ProfileVsDataFeedAssociation/interface/ProfileVsDataFeedAssociation.h"
-
-namespace {
-
-// Which allocation from now fails; 0 for none.
-int allocations_left = 0;
-
-void* allocate(std::size_t size) {
-    if (allocations_left > 0) {
-        --allocations_left;
-        if (allocations_left == 0) {
-            throw std::bad_alloc();
-        }
-    }
-    if (void* const memory = std::malloc(size)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    return allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return allocate(size);
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 namespace {
 
@@ -95,21 +56,21 @@ protected:
     // Gives how many failed.
     template <class Operation>
     static int fail_each(const Operation& operation) {
-        for (int nth = 1;; ++nth) {
+        for (int nth = 0;; ++nth) {
             HRESULT hr = S_OK;
-            allocations_left = nth;
+            test::fail_allocation(nth);
             try {
+                const test::exposed here;
                 operation();
             } catch (const _com_error& error) {
                 hr = error.Error();
             } catch (const std::bad_alloc&) {
                 hr = E_UNEXPECTED;
             }
-            const bool failed = allocations_left == 0;
-            allocations_left = 0;
+            const bool failed = test::allocation_failed();
             EXPECT_EQ(failed ? E_OUTOFMEMORY : S_OK, hr) << nth;
             if (!failed) {
-                return nth - 1;
+                return nth;
             }
         }
     }

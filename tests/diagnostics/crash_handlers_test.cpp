@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <map>
+#include <mutex>
 #include <thread>
 #include <vector>
 
@@ -16,21 +18,29 @@ using BugSlayerUtil::install_crash_handlers;
 using BugSlayerUtil::remove_crash_handlers;
 using Texts = std::vector<std::wstring>;
 
-// What reached the handlers that ours go on to.
-thread_local Texts chained;
+// What reached the handlers that ours go on to, by thread. Not a thread_local: one with a destructor may
+// outlive its memory at the end of a thread in this compiler's runtime for Windows.
+std::mutex chained_lock;
+std::map<std::thread::id, Texts> chained_of_threads;
+
+// Of the present thread.
+Texts& chained() {
+    const std::lock_guard guard(chained_lock);
+    return chained_of_threads[std::this_thread::get_id()];
+}
 
 void earlier_invalid_parameter(const wchar_t* expression, const wchar_t* function, const wchar_t* file,
                                unsigned line, std::uintptr_t) {
-    chained.push_back(std::wstring(expression) + L" " + function + L" " + file + L" " +
-                      std::to_wstring(line));
+    chained().push_back(std::wstring(expression) + L" " + function + L" " + file + L" " +
+                        std::to_wstring(line));
 }
 
 void earlier_translator(unsigned code, _EXCEPTION_POINTERS*) {
-    chained.push_back(L"earlier " + std::to_wstring(code));
+    chained().push_back(L"earlier " + std::to_wstring(code));
 }
 
 void other_threads_translator(unsigned code, _EXCEPTION_POINTERS*) {
-    chained.push_back(L"other " + std::to_wstring(code));
+    chained().push_back(L"other " + std::to_wstring(code));
 }
 
 LONG STDMETHODCALLTYPE earlier_filter(_EXCEPTION_POINTERS*) {
@@ -42,7 +52,7 @@ protected:
     CrashHandlers() {
         BugSlayerUtil::trace(BS_HERE, L"connect");
         recorder.clear();
-        chained.clear();
+        chained_of_threads.clear();
     }
     ~CrashHandlers() override {
         remove_crash_handlers();
@@ -70,7 +80,7 @@ TEST_F(CrashHandlers, ReportARefusedArgumentAsAnExceptionAndGoOnToTheEarlierHand
     SetLastError(8);
     installed_parameter_handler()(L"buffer", L"copy", L"copy.c", 12, 0);
     EXPECT_EQ(GetLastError(), 8u);
-    EXPECT_EQ(chained, Texts{L"buffer copy copy.c 12"});
+    EXPECT_EQ(chained(), Texts{L"buffer copy copy.c 12"});
     EXPECT_EQ(call_list(recorder), (Texts{L"CREATE", L"PROCESS", L"RELEASE"}));
     const processed_record record = only_record(recorder);
     EXPECT_EQ(field_list(record), (Texts{L"<<EXCEPTION>> EMPTY", L"$Type BSTR", L"ExceptionType INT",
@@ -93,7 +103,7 @@ TEST_F(CrashHandlers, InstalledAgainDoNotGoOnToThemselves) {
     install_crash_handlers();
     std::thread([] { install_crash_handlers(); }).join();
     installed_parameter_handler()(L"buffer", L"copy", L"copy.c", 12, 0);
-    EXPECT_EQ(chained.size(), 1u);
+    EXPECT_EQ(chained().size(), 1u);
     EXPECT_EQ(recorder.records().size(), 1u);
 }
 
@@ -110,7 +120,7 @@ TEST_F(CrashHandlers, AreInstalledFromManyThreadsAtOnce) {
             }
             install_crash_handlers();
             platform::set_se_translator(nullptr)(4, nullptr);
-            translated += chained == Texts{L"other 4"} ? 1 : 0;
+            translated += chained() == Texts{L"other 4"} ? 1 : 0;
         });
     }
     for (std::thread& each : threads) {
@@ -118,7 +128,7 @@ TEST_F(CrashHandlers, AreInstalledFromManyThreadsAtOnce) {
     }
     EXPECT_EQ(translated, 8);
     installed_parameter_handler()(L"buffer", L"copy", L"copy.c", 12, 0);
-    EXPECT_EQ(chained, Texts{L"buffer copy copy.c 12"});
+    EXPECT_EQ(chained(), Texts{L"buffer copy copy.c 12"});
 }
 
 TEST_F(CrashHandlers, KeepTheEarlierTranslatorOfEachThread) {
@@ -129,12 +139,12 @@ TEST_F(CrashHandlers, KeepTheEarlierTranslatorOfEachThread) {
         platform::set_se_translator(&other_threads_translator);
         install_crash_handlers();
         platform::set_se_translator(nullptr)(2, nullptr);
-        of_other_thread = chained;
+        of_other_thread = chained();
     }).join();
     const platform::se_translator ours = platform::set_se_translator(nullptr);
     ASSERT_NE(ours, &earlier_translator);
     ours(1, nullptr);
-    EXPECT_EQ(chained, Texts{L"earlier 1"});
+    EXPECT_EQ(chained(), Texts{L"earlier 1"});
     EXPECT_EQ(of_other_thread, Texts{L"other 2"});
     EXPECT_TRUE(recorder.records().empty());
 }
@@ -142,7 +152,7 @@ TEST_F(CrashHandlers, KeepTheEarlierTranslatorOfEachThread) {
 TEST_F(CrashHandlers, AreTranslatedByNobodyOnAThreadThatHadNoTranslator) {
     install_crash_handlers();
     platform::set_se_translator(nullptr)(3, nullptr);
-    EXPECT_TRUE(chained.empty());
+    EXPECT_TRUE(chained().empty());
 }
 
 TEST_F(CrashHandlers, GiveTheirPlaceBackWhenTheModuleGoes) {

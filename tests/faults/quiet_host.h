@@ -8,7 +8,7 @@
 #include "TradingCenter.h"
 #include "charting/orderdeck/interface/ITabCtrl.h"
 #include "platform/com_ptr.h"
-#include "tests/faults/allocation_faults.h"
+#include "tests/support/allocation_faults.h"
 
 namespace test {
 

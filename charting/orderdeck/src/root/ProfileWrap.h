@@ -9,7 +9,7 @@
 namespace OV_OrderDeck {
 
 // One trading profile of the host, as the bar sees it: remembers what is slow to ask, turns a failing
-// host call into a report, and forwards the profile's events to one tab. Made by platform::make_com.
+// host call into a report, and forwards the profile's events to one tab. Made as a platform::com_object.
 // All operations belong on the bar's thread; events come on the thread of the host's call.
 class CProfileWrap : public platform::com_root<ITC_TradingProfileDataChange> {
 public:

@@ -1,14 +1,12 @@
-// Lets one allocation of the present thread fail.
+// Lets one allocation of the present thread fail. A program that wants this has allocation_faults.cpp among
+// its sources: that is where its operator new comes from.
 #pragma once
 
 namespace test {
 
-// From here on the present thread counts its allocations that are exposed; that of the given number, from 0
-// on, throws std::bad_alloc. A negative number counts only.
+// Of the present thread's exposed allocations from here on, that of the given number, from 0 on, throws
+// std::bad_alloc; with a negative number none does.
 void fail_allocation(int number);
-
-// How many were counted since.
-int counted_allocations();
 
 // Whether the failure came.
 bool allocation_failed();

@@ -1,4 +1,4 @@
-#include "tests/faults/allocation_faults.h"
+#include "tests/support/allocation_faults.h"
 
 #include <cstdlib>
 #include <new>
@@ -62,10 +62,6 @@ void fail_allocation(int number) {
     here.failed = false;
     here.counted = 0;
     here.fails_at = number;
-}
-
-int counted_allocations() {
-    return here.counted;
 }
 
 bool allocation_failed() {
