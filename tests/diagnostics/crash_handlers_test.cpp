@@ -10,6 +10,7 @@
 #include "diagnostics/BugSlayerUtil.h"
 #include "diagnostics/crash_handlers.h"
 #include "platform/crash.h"
+#include "platform/process.h"
 #include "tests/diagnostics/record_texts.h"
 
 namespace {
@@ -23,8 +24,9 @@ using Texts = std::vector<std::wstring>;
 std::mutex chained_lock;
 std::map<std::thread::id, Texts> chained_of_threads;
 
-// Of the present thread.
+// Of the present thread, whose last error stays.
 Texts& chained() {
+    const platform::last_error_keeper keeper;
     const std::lock_guard guard(chained_lock);
     return chained_of_threads[std::this_thread::get_id()];
 }
