@@ -55,6 +55,27 @@ protected:
     window_tests::sent_messages messages;
 };
 
+// Hundreds of profiles open in a time that grows as their number: a tab's place is not looked for tab by tab.
+TEST_F(QuietTabs, OneMoreTabAmongManyReadsFewOfThem) {
+    for (int i = 0; i < 64; ++i) {
+        add(L"Gamma " + std::to_wstring(i));
+    }
+    messages.take();
+    const auto last = add(L"Zeta");
+    int reads = 0;
+    for (const auto& sent : messages.take()) {
+        reads += sent.message == TCM_GETITEMW ? 1 : 0;
+    }
+    EXPECT_GT(reads, 0);
+    EXPECT_LE(reads, 8);
+    bar->Update(last->id, UpdateMask::ConnectionState);
+    reads = 0;
+    for (const auto& sent : messages.take()) {
+        reads += sent.message == TCM_GETITEMW ? 1 : 0;
+    }
+    EXPECT_EQ(reads, 1);
+}
+
 TEST_F(QuietTabs, QuotesOfTheShownTabReachTheirButton) {
     expect_shown(*shown);
     int to_button = 0;

@@ -4,19 +4,21 @@
 
 #include <commctrl.h>
 
+#include <vector>
+
 #include "platform/text.h"
 #include "platform/win32/frame/subclassed_window.h"
 
 namespace OV_OrderDeck {
 
 // The tab strip of the bar: sorted tabs, each with a text, an image and an id. An index is a place from
-// the left; none is -1. Subclasses the window, to know at every time which tab is current. Lives on the
-// bar's thread; without its window it has no tabs.
+// the left; none is -1. Subclasses the window, to know at every time which tabs there are and which is
+// current. Lives on the bar's thread; without its window it has no tabs.
 class CTabStrip final : public frame::subclassed_window {
 public:
     int get_Count() const;
     int get_Current() const;
-    // 0 when there is no such tab.
+    // 0 when there is no such tab. Asks no window.
     LONG get_Id(int index) const;
     // 0 when no tab is current. Asks no window.
     LONG get_CurrentId() const { return m_current_id; }
@@ -24,6 +26,7 @@ public:
     void OnSelChange() { m_current_id = get_Id(get_Current()); }
     CString get_Text(int index) const;
     int get_Image(int index) const;
+    // Asks no window.
     int Find(LONG id) const;
 
     // Puts a tab in its sorted place, before those of the same name. The names are compared with case.
@@ -45,6 +48,8 @@ public:
                               DWORD dwMsgMapID) override;
 
 private:
+    // From the left.
+    std::vector<LONG> m_ids;
     LONG m_current_id = 0;
 };
 
