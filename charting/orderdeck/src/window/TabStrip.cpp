@@ -19,12 +19,13 @@ BOOL CTabStrip::ProcessWindowMessage(HWND, UINT uMsg, WPARAM wParam, LPARAM lPar
         m_ids.clear();
         m_current_id = 0;
     }
-    const bool changes = uMsg == TCM_INSERTITEMW || uMsg == TCM_DELETEITEM || uMsg == TCM_DELETEALLITEMS;
-    if (!changes && uMsg != TCM_SETCURSEL) {
+    // The item of either form of the message has its mask and its parameter at the same places.
+    const bool inserts = uMsg == TCM_INSERTITEMW || uMsg == TCM_INSERTITEMA;
+    if (!inserts && uMsg != TCM_DELETEITEM && uMsg != TCM_DELETEALLITEMS && uMsg != TCM_SETCURSEL) {
         return FALSE;
     }
     lResult = DefWindowProc(uMsg, wParam, lParam);
-    if (uMsg == TCM_INSERTITEMW && lResult != -1) {
+    if (inserts && lResult != -1) {
         m_ids.insert(m_ids.begin() + lResult, id_of(*reinterpret_cast<const TCITEMW*>(lParam)));
     } else if (uMsg == TCM_DELETEITEM && lResult != FALSE) {
         m_ids.erase(m_ids.begin() + static_cast<std::ptrdiff_t>(wParam));
