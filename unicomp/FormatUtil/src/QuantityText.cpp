@@ -1,25 +1,12 @@
 // Quantities as the user reads them.
 #include "unicomp/FormatUtil/interface/NumberFormat.h"
-#include "unicomp/Simples/interface/resource_string.h"
+#include "unicomp/FormatUtil/src/QuantityLetters.h"
 
 namespace local_format {
 namespace {
 
-constexpr UINT thousands_string = 109;
-constexpr UINT millions_string = 110;
 constexpr LONG million = 1000000;
 constexpr LONG thousand = 1000;
-
-// Loaded on first use and kept for the life of the process.
-const CString& thousands_letter() {
-    static const CString text = resource_string::text(thousands_string);
-    return text;
-}
-
-const CString& millions_letter() {
-    static const CString text = resource_string::text(millions_string);
-    return text;
-}
 
 CString abbreviated(LONG value, LONG unit, const CString& letter) {
     const CString number = value % unit == 0 ? CNumberFormat::IntegerToText(value / unit)
