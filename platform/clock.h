@@ -15,6 +15,9 @@ public:
     // Milliseconds since some start; wraps after 49.7 days.
     virtual DWORD tick_count() = 0;
 
+    // UTC, milliseconds since 1970-01-01. The system's own unless a clock has another.
+    virtual LONGLONG utc_milliseconds();
+
     // Milliseconds with the resolution of the high-resolution counter; never goes back.
     virtual double milliseconds() = 0;
 };

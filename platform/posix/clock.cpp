@@ -32,6 +32,11 @@ public:
         return static_cast<DWORD>(std::chrono::duration_cast<std::chrono::milliseconds>(since).count());
     }
 
+    LONGLONG utc_milliseconds() override {
+        const auto since = std::chrono::system_clock::now().time_since_epoch();
+        return std::chrono::duration_cast<std::chrono::milliseconds>(since).count();
+    }
+
     double milliseconds() override {
         const auto since = std::chrono::steady_clock::now().time_since_epoch();
         return std::chrono::duration<double, std::milli>(since).count();
@@ -39,6 +44,10 @@ public:
 };
 
 }  // namespace
+
+LONGLONG clock::utc_milliseconds() {
+    return port<clock>::system().utc_milliseconds();
+}
 
 template <>
 clock& port<clock>::system() {

@@ -331,13 +331,14 @@ TEST_F(order, sends_no_symbol) {
     EXPECT_EQ(0, host.count(symbol_notice));
 }
 
-TEST_F(order, survives_the_end_of_its_tab_inside_the_host) {
+TEST_F(order, sends_nothing_more_for_a_tab_that_ends_inside_the_host) {
     select(eMTPA_OC_Market);
     host.on_call("ManualTrading.SetAccount", [this] { bar->RemoveAllTabs(); });
     CTab* const row = tab.get();
     tab.reset();
     row->_on_place_order(eMTPA_OA_Buy);
-    EXPECT_EQ(1, host.count("PlaceOrder"));
+    EXPECT_EQ(1, host.count("SetAccount"));
+    EXPECT_EQ(0, host.count("PlaceOrder"));
     EXPECT_EQ(1, host.count("Unadvise"));
 }
 

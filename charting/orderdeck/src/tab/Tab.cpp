@@ -15,6 +15,7 @@
 #include "charting/orderdeck/src/tab/Controls/TimeInForceEdit.h"
 #include "charting/orderdeck/src/tab/DataFeeds.h"
 #include "diagnostics/BugSlayerUtil.h"
+#include "platform/clock.h"
 #include "unicomp/FormatUtil/interface/PriceToString.h"
 
 namespace OV_OrderDeck {
@@ -231,6 +232,7 @@ LONG CTab::OnQuote(double bid, double ask) {
     const bool good = std::isnormal(bid) && std::isnormal(ask) && bid <= ask;
     if (good) {
         m_controls->m_pAskBid->SetQuotes(ask, bid);
+        m_dwQuotesAt = platform::port<platform::clock>::get().tick_count();
     } else {
         m_controls->m_pAskBid->Reset();
     }

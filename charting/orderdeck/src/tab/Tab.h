@@ -2,11 +2,15 @@
 
 #include <memory>
 
+#include "TradingCenter.h"
 #include "charting/orderdeck/interface/IManageContent.h"
 #include "charting/orderdeck/interface/IOD_ProfileDataChange.h"
 #include "charting/orderdeck/interface/ITab.h"
 #include "charting/orderdeck/interface/ITradeInfoProperties.h"
+#include "charting/orderdeck/interface/RowSight.h"
 #include "charting/orderdeck/src/tab/ControlsHolder.h"
+#include "charting/orderdeck/src/tab/OrderReceipt.h"
+#include "charting/orderdeck/src/tab/OrderRequest.h"
 
 class CPriceToString;
 
@@ -55,8 +59,12 @@ public:
     // Asks the bar for the focus; does nothing while another tab is shown.
     void _set_focus(OD_UpdateEntity entity);
     // Sends the order. Shows a message instead when a needed price is missing; throws _com_error when
-    // any other field lacks its value.
+    // any other field lacks its value. Without a sight the row counts as seen just as its fields stand;
+    // otherwise only what was seen goes out, and what differs is given.
     void _on_place_order(LONG action);
+    row_differences _on_place_order(LONG action, const CRowSight& sight);
+    // Gives and reports why a press of a button that can't be used sends nothing.
+    row_differences _refuse_unusable(OD_UpdateEntity button, const CRowSight& sight);
     // The symbol's record changed in any way: drops what belonged to the old one, tells host and bar.
     void _on_symbol_changed();
     // Clears the prices and reads the times in force of the new type. Throws _com_error (E_FAIL) without one.
@@ -77,15 +85,24 @@ private:
     bool _is_connected();
     com_ptr<ITC_ManualTrading> _get_mt();
     CString _get_data_feed();
+    void _set_account(const CString& account);
     void _set_current_account();
     void _set_current_symbol();
+    bool _tell_refused_symbol();
     void _clear_prices();
     void _reload_lists();
     template <class Price>
     bool _check_price(Price& field, OD_UpdateEntity entity);
     bool _check_prices();
     void _check_order(LONG action);
-    void _send_order(LONG action);
+    row_differences _place_order(LONG action, const CRowSight* sight);
+    row_differences _send_order(const SOrderRequest& request, const CRowSight& sight,
+                                const boost::shared_ptr<ITab>& keep);
+    // The items that a host call changed; for a tab that it took away none, and nothing is to be sent.
+    bool _is_still_sent(const SOrderRequest& request, const boost::shared_ptr<ITab>& keep,
+                        row_differences& moved);
+    com_ptr<ITC_OrderSight> _get_order_sight(ITC_ManualTrading& trading);
+    SKnownQuotes _known_quotes();
 
     // The members end in reverse order: the profile is the last to go.
     com_ptr<CProfileWrap> m_pProfile;
@@ -93,6 +110,17 @@ private:
     boost::shared_ptr<ITabCtrl> m_pCont;
     std::unique_ptr<CControlsHolder> m_controls;
     std::unique_ptr<CPriceToString> m_pPriceFormat;
+    // The host's receiver of what was seen; null before it was asked for, or when there is none.
+    com_ptr<ITC_OrderSight> m_pOrderSight;
+    bool m_bOrderSightAsked = false;
+    // The host refused the present symbol: it is given once more before the next order.
+    bool m_bSymbolRefused = false;
+    // How often a symbol was told.
+    unsigned m_nSymbolTellings = 0;
+    // An order is between its press and the end of its host calls; a second press sends nothing.
+    bool m_bPlacing = false;
+    // Milliseconds of the clock when the present quotes came.
+    DWORD m_dwQuotesAt = 0;
 };
 
 }  // namespace OV_OrderDeck

@@ -1,6 +1,10 @@
 // The road of an order, and what else the tab tells the host.
+#include <algorithm>
+
 #include "charting/orderdeck/src/root/ProfileWrap.h"
 #include "charting/orderdeck/src/tab/Controls/AccountCombo.h"
+#include "charting/orderdeck/src/tab/Controls/AskBidButton.h"
+#include "charting/orderdeck/src/tab/Controls/BuySellButton.h"
 #include "charting/orderdeck/src/tab/Controls/Lookup.h"
 #include "charting/orderdeck/src/tab/Controls/OrderTypeCombo.h"
 #include "charting/orderdeck/src/tab/Controls/PriceEdit.h"
@@ -9,9 +13,12 @@
 #include "charting/orderdeck/src/tab/Controls/TimeInForceEdit.h"
 #include "charting/orderdeck/src/tab/ManualSymbol.h"
 #include "charting/orderdeck/src/tab/MessageBox.h"
+#include "charting/orderdeck/src/tab/OrderGate.h"
+#include "charting/orderdeck/src/tab/OrderReceipt.h"
 #include "charting/orderdeck/src/tab/Tab.h"
 #include "charting/orderdeck/src/tab/Truncate.h"
 #include "diagnostics/BugSlayerUtil.h"
+#include "platform/clock.h"
 #include "platform/text_argument.h"
 #include "unicomp/Simples/interface/FillText.h"
 #include "unicomp/Simples/interface/resource_string.h"
@@ -21,10 +28,29 @@ namespace OV_OrderDeck {
 namespace {
 
 constexpr UINT enter_a_value = 122;
+constexpr UINT refused_symbol = 315;
 
-template <class Price>
-double price_of(Price& field) {
-    return field.IsEmpty() ? 0.0 : field.get_Price();
+using Kind = SRowDifference::Kind;
+
+class placing {
+public:
+    explicit placing(bool& flag) : m_flag(flag) { m_flag = true; }
+    ~placing() { m_flag = false; }
+    placing(const placing&) = delete;
+    placing& operator=(const placing&) = delete;
+
+private:
+    bool& m_flag;
+};
+
+OD_UpdateEntity button_of(LONG action) {
+    return action == eMTPA_OA_Sell ? eODUE_Sell : eODUE_Buy;
+}
+
+// The one record of a press that sent nothing.
+row_differences not_sent(row_differences differences) {
+    BugSlayerUtil::trace(BS_HERE, L"Order not sent: " + TextOfDifferences(differences));
+    return differences;
 }
 
 }  // namespace
@@ -37,13 +63,19 @@ com_ptr<ITC_ManualTrading> CTab::_get_mt() {
     return trading;
 }
 
-void CTab::_set_current_account() {
+void CTab::_set_account(const CString& account) {
     const com_ptr<ITC_ManualTrading> trading = _get_mt();
-    const _bstr_t account = platform::text_argument(m_controls->m_pAccount->get_Account());
-    BS_ASSERT_OK_TEXT(trading->SetAccount(account.copy(false)), "SetAccount");
+    const _bstr_t name = platform::text_argument(account);
+    BS_ASSERT_OK_TEXT(trading->SetAccount(name.copy(false)), "SetAccount");
+}
+
+void CTab::_set_current_account() {
+    _set_account(m_controls->m_pAccount->get_Account());
 }
 
 void CTab::_set_current_symbol() {
+    m_bSymbolRefused = true;
+    const unsigned telling = ++m_nSymbolTellings;
     const com_ptr<ITC_ManualTrading> _trad = m_pProfile->get_ManualTrading();
     if (!BS_ASSERT(_trad)) {
         return;
@@ -52,7 +84,21 @@ void CTab::_set_current_symbol() {
     const CSymbolInfo symbol = m_controls->m_pSymbol->get_Symbol();
     SManualSymbol record = make_manual_symbol(symbol);
     const _bstr_t feed = platform::text_argument(_get_data_feed());
-    BS_ASSERT_OK_TEXT(_trad->SetSymbol(&record, feed.copy(false)), "SetSymbol");
+    const bool taken = BS_ASSERT_OK_TEXT(_trad->SetSymbol(&record, feed.copy(false)), "SetSymbol");
+    // Of two symbols that were told within each other nobody knows which one the host kept.
+    m_bSymbolRefused = !taken || telling != m_nSymbolTellings;
+}
+
+// A host that does not know the symbol would take the order for the former one.
+bool CTab::_tell_refused_symbol() {
+    if (!m_bSymbolRefused) {
+        return true;
+    }
+    _set_current_symbol();
+    if (m_bSymbolRefused) {
+        OrderDeckMessageBox(Unicomp::fill_text(resource_string::text(refused_symbol), {get_SymbolName()}), 0);
+    }
+    return !m_bSymbolRefused;
 }
 
 template <class Price>
@@ -104,26 +150,100 @@ void CTab::_check_order(LONG action) {
 }
 
 void CTab::_on_place_order(LONG action) {
-    const auto keep = _keep_alive();
-    if (!_check_prices()) {
-        return;
-    }
-    _check_order(action);
-    _set_current_account();
-    _send_order(action);
+    _place_order(action, nullptr);
 }
 
-void CTab::_send_order(LONG action) {
-    // A price goes out unless its field is empty, whatever the category.
-    const double limit_price = price_of(*m_controls->m_pSecondPrice);
-    const double stop_price = price_of(*m_controls->m_pFirstPrice);
-    // Deliberate: the date goes with every order; hosts read it under GTD only.
-    _variant_t gtd_date = m_controls->m_pGtdDate->get_Value();
-    BS_ASSERT_OK_TEXT(
-        _get_mt()->PlaceOrder(static_cast<MTPA_OrdrActn>(action), m_controls->m_pOrderType->get_OrderType(),
-                              m_controls->m_pQuantity->get_Quantity(), stop_price, limit_price,
-                              m_controls->m_pTimeInForce->get_SelectedItem(nullptr), &gtd_date),
-        "PlaceOrder");
+row_differences CTab::_on_place_order(LONG action, const CRowSight& sight) {
+    return _place_order(action, &sight);
+}
+
+row_differences CTab::_refuse_unusable(OD_UpdateEntity button, const CRowSight& sight) {
+    if (m_controls->m_pSymbol->IsEmpty()) {
+        return not_sent({{eODUE_Symbol, Kind::NoSymbol, sight[eODUE_Symbol].text, {}}});
+    }
+    return not_sent({{button, Kind::Unusable, {}, {}}});
+}
+
+row_differences CTab::_place_order(LONG action, const CRowSight* sight) {
+    const auto keep = _keep_alive();
+    if (m_bPlacing) {
+        return not_sent({{button_of(action), Kind::UnderWay, {}, {}}});
+    }
+    const placing under_way(m_bPlacing);
+    if (!_check_prices()) {
+        return {};
+    }
+    _check_order(action);
+    const COrderGate gate(*m_controls);
+    const SOrderRequest request = gate.Compose(action);
+    if (sight != nullptr) {
+        const row_differences differences = gate.Compare(*sight, request, _get_price_format());
+        if (!differences.empty()) {
+            return not_sent(differences);
+        }
+    }
+    return _send_order(request, sight != nullptr ? *sight : CRowSight(), keep);
+}
+
+bool CTab::_is_still_sent(const SOrderRequest& request, const boost::shared_ptr<ITab>& keep,
+                          row_differences& moved) {
+    // A tab that the bar does not hold was never in it; one that it no longer holds was taken away.
+    if (keep && _keep_alive() != keep) {
+        BugSlayerUtil::trace(BS_HERE, L"Order not sent: the profile has gone");
+        return false;
+    }
+    moved = COrderGate(*m_controls).Moved(request);
+    if (!moved.empty()) {
+        moved = not_sent(moved);
+    }
+    return moved.empty();
+}
+
+// Each host call may dispatch messages: after each it is looked at again whether the order still stands. The
+// account goes first, then the order itself.
+row_differences CTab::_send_order(const SOrderRequest& request, const CRowSight& sight,
+                                  const boost::shared_ptr<ITab>& keep) {
+    row_differences moved;
+    if (!_tell_refused_symbol() || !_is_still_sent(request, keep, moved)) {
+        return moved;
+    }
+    _set_account(request.account);
+    if (!_is_still_sent(request, keep, moved)) {
+        return moved;
+    }
+    const com_ptr<ITC_ManualTrading> trading = _get_mt();
+    COrderReceipt receipt(_get_order_sight(*trading), sight, request);
+    if (!receipt.Before(m_pOrderSight ? _get_data_feed() : CString(), _known_quotes())) {
+        return {};
+    }
+    if (!_is_still_sent(request, keep, moved)) {
+        receipt.After(E_ABORT);
+        return moved;
+    }
+    _variant_t gtd_date(request.gtd_date, VT_DATE);
+    const HRESULT hr =
+        trading->PlaceOrder(request.action, request.category, request.quantity, request.stop_price,
+                            request.limit_price, request.time_in_force, &gtd_date);
+    BS_ASSERT_OK_TEXT(hr, "PlaceOrder");
+    receipt.After(hr);
+    return {};
+}
+
+com_ptr<ITC_OrderSight> CTab::_get_order_sight(ITC_ManualTrading& trading) {
+    if (!m_bOrderSightAsked) {
+        m_bOrderSightAsked = true;
+        m_pOrderSight = platform::query<ITC_OrderSight>(&trading);
+    }
+    return m_pOrderSight;
+}
+
+SKnownQuotes CTab::_known_quotes() {
+    CAskBidButton& quotes = *m_controls->m_pAskBid;
+    if (quotes.IsEmpty()) {
+        return {};
+    }
+    const DWORD age = platform::port<platform::clock>::get().tick_count() - m_dwQuotesAt;
+    return {quotes.get_Bid(), quotes.get_Ask(), static_cast<LONG>(std::min<DWORD>(age, 0x7FFFFFFF))};
 }
 
 }  // namespace OV_OrderDeck

@@ -45,4 +45,12 @@ void CBuySellButtonBase::_place_order(LONG action) {
     _tab()._on_place_order(action);
 }
 
+// Looked at again here: the press began on a button that could be used, and the focus has moved since.
+row_differences CBuySellButtonBase::_press(OD_UpdateEntity button, LONG action, const CRowSight& sight) {
+    if (!sight[button].enabled || !get_Enabled()) {
+        return _tab()._refuse_unusable(button, sight);
+    }
+    return _tab()._on_place_order(action, sight);
+}
+
 }  // namespace OV_OrderDeck

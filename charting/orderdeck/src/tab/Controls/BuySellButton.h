@@ -1,12 +1,13 @@
 #pragma once
 
 #include "charting/orderdeck/interface/OD_UpdateEntity.h"
+#include "charting/orderdeck/interface/RowSight.h"
 #include "charting/orderdeck/src/tab/Controls/UnifyControlImpl.h"
 
 namespace OV_OrderDeck {
 
 // What Buy and Sell have in common: the face of the button tells what would be sent.
-class CBuySellButtonBase : public CUnifyControlImpl<IUnifyControl> {
+class CBuySellButtonBase : public CUnifyControlImpl<IUnifyControl>, public IPressedButton {
 public:
     // Connected, with a symbol, and the field's own wish.
     bool get_Enabled() override;
@@ -17,6 +18,7 @@ protected:
     CString _caption(UINT verb);
     // May show a message. Throws _com_error when a field other than a price lacks its value.
     void _place_order(LONG action);
+    row_differences _press(OD_UpdateEntity button, LONG action, const CRowSight& sight);
 };
 
 // One of the two buttons: the string id of its verb and its bit.
@@ -26,9 +28,15 @@ class CBuySellButton : public CBuySellButtonBase {
 
 public:
     // Sends the order. The key counts for nothing.
-    void Select(LONG) override { _place_order(Mask == eODUE_Buy ? 1 : 2); }
+    void Select(LONG) override { _place_order(action); }
+    row_differences Press(const CRowSight& sight) override {
+        return _press(static_cast<OD_UpdateEntity>(Mask), action, sight);
+    }
     // The caption as VT_BSTR.
     _variant_t get_Value() override { return _variant_t(_caption(Label).c_str()); }
+
+private:
+    static constexpr LONG action = Mask == eODUE_Buy ? 1 : 2;
 };
 
 }  // namespace OV_OrderDeck

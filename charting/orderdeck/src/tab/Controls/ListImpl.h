@@ -47,6 +47,12 @@ public:
 
     bool IsEmpty() override { return m_selected == NoKey; }
 
+    // The text of the selected item; null when the list has no such item. Reports nothing.
+    const CString* FindSelectedText() const {
+        const auto item = m_items.find(m_selected);
+        return item != m_items.end() ? &item->second : nullptr;
+    }
+
     // Makes the field unusable and unselected; the items stay.
     virtual void Reset() {
         this->m_bEnabled = false;
