@@ -9,6 +9,7 @@
 #include "platform/win32/frame/subclassed_window.h"
 #include "unicomp/wtlcontrols/buttonst/ButtonFace.h"
 #include "unicomp/wtlcontrols/buttonst/ButtonSTRendererEx.h"
+#include "unicomp/wtlcontrols/buttonst/IButtonPressSink.h"
 #include "unicomp/wtlcontrols/buttonst/IButtonSTEventSink.h"
 
 namespace WTLControls {
@@ -27,6 +28,8 @@ public:
     DWORD get_Flags() const { return m_flags; }
     // Bits of ButtonStyle, and who hears of clicks in the two parts; the sink is not owned.
     void put_Style(DWORD style, IButtonSTEventSink* sink);
+    // Who hears that a press begins; not owned, null for none.
+    void put_PressSink(IButtonPressSink* sink) { m_press_sink = sink; }
     // Where the drop-down part begins, in client pixels.
     void put_Split(LONG split);
     // See ButtonColour.
@@ -69,6 +72,7 @@ private:
     LRESULT _on_button_down(WPARAM keys, LPARAM at);
     void _repeat_until_released();
     void _tell_sink(POINT at);
+    void _tell_press(bool by_key) const;
     frame::answer _on_button_up();
     frame::answer _on_released_key();
     RECT _client() const;
@@ -99,6 +103,7 @@ private:
     // The sink has heard of the present press: its release is no click.
     bool m_told = false;
     IButtonSTEventSink* m_sink = nullptr;
+    IButtonPressSink* m_press_sink = nullptr;
     CButtonSTRendererEx m_renderer;
     CustomDraw::CMemorySurface m_surface;
 };

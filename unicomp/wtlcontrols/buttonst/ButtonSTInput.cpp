@@ -5,6 +5,10 @@ namespace WTLControls {
 
 namespace {
 
+bool is_held_key(LPARAM key) {
+    return (HIWORD(key) & KF_REPEAT) != 0;
+}
+
 WPARAM click_of(HWND window) {
     return MAKEWPARAM(::GetDlgCtrlID(window), BN_CLICKED);
 }
@@ -44,7 +48,15 @@ void CButtonST::_on_mouse_move(WPARAM keys, POINT at) {
     }
 }
 
+void CButtonST::_tell_press(bool by_key) const {
+    if (m_press_sink != nullptr && ::IsWindowEnabled(m_hWnd)) {
+        m_press_sink->OnPressBegins(m_hWnd, by_key);
+    }
+}
+
 LRESULT CButtonST::_on_button_down(WPARAM keys, LPARAM at) {
+    // Before the focus moves: what it leaves may change the row.
+    _tell_press(false);
     ::SendMessageW(::GetParent(m_hWnd), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(m_hWnd), TRUE);
     const LRESULT result = DefWindowProc(WM_LBUTTONDOWN, keys, at);
     if ((m_flags & ButtonFlag::AutoRepeat) != 0) {
@@ -130,6 +142,9 @@ frame::answer CButtonST::_on_released_key() {
 // A button with two parts has keys for both: space and Enter for the first, F4 and Alt with the down
 // arrow for the drop-down.
 frame::answer CButtonST::_on_key(UINT uMsg, WPARAM wParam, LPARAM lParam) {
+    if (uMsg == WM_KEYDOWN && wParam == VK_SPACE && !is_held_key(lParam)) {
+        _tell_press(true);
+    }
     if (!_has_sink()) {
         return frame::declined;
     }
