@@ -65,6 +65,12 @@ std::optional<std::string> whole_digits(view text, const SLocaleNumberFormat& re
     return narrow(digits);
 }
 
+// Where one mark parts both groups and decimals, a text that holds it can be either number.
+bool is_ambiguous(view text, const SLocaleNumberFormat& record) {
+    const CString& separator = record.m_sDecimalSeparator;
+    return !separator.empty() && separator == record.m_sGroupSeparator && text.find(separator) != view::npos;
+}
+
 struct decimal_digits {
     std::string whole;
     std::string fraction;
@@ -73,11 +79,10 @@ struct decimal_digits {
 // What stands before and behind the one decimal separator, with a digit at least.
 std::optional<decimal_digits> cut_decimal(view text, const SLocaleNumberFormat& record) {
     const CString& separator = record.m_sDecimalSeparator;
-    const bool ambiguous = separator == record.m_sGroupSeparator;
-    std::size_t at = separator.empty() ? view::npos : text.find(separator);
-    if (at != view::npos && ambiguous) {
+    if (is_ambiguous(text, record)) {
         return std::nullopt;
     }
+    const std::size_t at = separator.empty() ? view::npos : text.find(separator);
     view fraction;
     if (at != view::npos) {
         fraction = text.substr(at + separator.size());
@@ -155,6 +160,9 @@ std::optional<double> PriceReadsAs(const CString& text) {
 
 std::optional<double> PriceReadsAs(const CString& text, const SPriceLocaleFormat& record) {
     view body = without_blanks_outside(text);
+    if (is_ambiguous(body, record)) {
+        return std::nullopt;
+    }
     const bool negative = take_sign(body, record);
     const std::size_t bar = body.find(L'/');
     const std::optional<double> size =
@@ -170,7 +178,7 @@ std::optional<LONG> QuantityReadsAs(const CString& text) {
         if (!letter.empty() && body.ends_with(letter)) {
             body.remove_suffix(letter.size());
             const std::optional<decimal_digits> digits = cut_decimal(body, record);
-            return digits && !digits->whole.empty() ? scaled_quantity(*digits, unit) : std::nullopt;
+            return digits ? scaled_quantity(*digits, unit) : std::nullopt;
         }
     }
     const std::optional<std::string> digits = whole_digits(body, record);
