@@ -60,8 +60,8 @@ TEST_F(usable_fields, connected_with_a_symbol_and_all_shown_each_field_is_usable
 }
 
 TEST_F(usable_fields, in_no_other_state_is_anything_but_the_symbol) {
-    for (const int state : {256, 512, 0, 769, 1023}) {
-        make_tab_in(static_cast<ETM_ConnectionChanged>(state), true);
+    for (const LONG state : {256, 512, 0, 769, 1023, 0x400, -1}) {
+        make_tab_in(ETM_ConnectionChanged{state}, true);
         show_all();
         EXPECT_EQ(static_cast<unsigned>(eODUE_Symbol), usable()) << state;
     }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <type_traits>
 
 #include "platform/com.h"
 
@@ -44,6 +45,19 @@ static_assert(offsetof(SManualSymbol, BigPointValue) == 64);
 static_assert(offsetof(SManualSymbol, PutOrCall) == 72);
 static_assert(offsetof(SManualSymbol, StrikePrice) == 80);
 static_assert(offsetof(SManualSymbol, Reserved) == 88);
+
+// Fixed, so that any number of a host's fits: were it left to the compiler, one that the enumeration does not
+// name could be out of its range.
+template <class Enumeration>
+constexpr bool is_long = std::is_same_v<std::underlying_type_t<Enumeration>, LONG>;
+static_assert(std::is_signed_v<LONG>);
+static_assert(is_long<ETM_ConnectionChanged> && is_long<ETM_ChangeTypeOfEvent>);
+static_assert(is_long<MTPA_OrdrActn> && is_long<MTPA_OrdrCtgry> && is_long<MTPA_TimeInForce>);
+static_assert(is_long<OD_LookupResult> && is_long<OD_Commands>);
+static_assert(is_long<tagOVFIELDID> && is_long<ESymbolCategory>);
+// Without a fixed type these would be no constants.
+static_assert(static_cast<LONG>(ETM_ConnectionChanged{0x400}) == 0x400);
+static_assert(static_cast<LONG>(OD_LookupResult{-1}) == -1);
 
 static_assert(sizeof(LONG) == 4 && sizeof(ULONG) == 4 && sizeof(DWORD) == 4 && sizeof(HRESULT) == 4);
 static_assert(sizeof(BOOL) == 4 && sizeof(VARIANT_BOOL) == 2 && sizeof(VARTYPE) == 2);

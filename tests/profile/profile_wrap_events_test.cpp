@@ -1,3 +1,4 @@
+#include <limits>
 #include <stdexcept>
 
 #include "tests/profile/profile_fixture.h"
@@ -85,6 +86,27 @@ TEST_F(ProfileEvents, AStateWithNoSinkIsKnownAndNotAskedFor) {
     wrap->OnConnectionState(eTM_CC_Connecting);
     EXPECT_EQ(wrap->get_ConnectionState(true), eTM_CC_Connecting);
     EXPECT_THAT(host.calls(), IsEmpty());
+}
+
+TEST_F(ProfileEvents, AStateWithNoNameReachesTheSinkAndIsKnown) {
+    wrap->Advise(&sink);
+    sink.wrap = wrap.get();
+    for (const LONG state : {LONG{0x400}, LONG{-1}, std::numeric_limits<LONG>::max()}) {
+        host.clear();
+        profile->fire_state(ETM_ConnectionChanged{state});
+        const std::string number = std::to_string(state);
+        EXPECT_THAT(host.calls(), ElementsAre("OnConnectionState " + number + " known " + number));
+    }
+}
+
+TEST_F(ProfileEvents, AStateWithNoNameIsTakenWhenTheHostIsAsked) {
+    profile->state = ETM_ConnectionChanged{0x400};
+    EXPECT_EQ(static_cast<LONG>(wrap->get_ConnectionState(false)), 0x400);
+    wrap->Connect();
+    EXPECT_EQ(host.count("Connect()"), 1);
+    host.clear();
+    EXPECT_TRUE(wrap->Disconnect(nullptr));
+    EXPECT_EQ(host.count("Disconnect"), 0);
 }
 
 TEST_F(ProfileEvents, TradingIsAllowedForExactlyVariantTrue) {

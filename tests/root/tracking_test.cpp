@@ -1,3 +1,4 @@
+#include <limits>
 #include <thread>
 
 #include "tests/root/root_fixture.h"
@@ -203,8 +204,11 @@ TEST_F(TrackingTest, AReloadBeforeTheFirstFillEmptiesTheBarAndHasNoCollection) {
 
 TEST_F(TrackingTest, MovedAndUnknownEventsChangeNothing) {
     EXPECT_EQ(fire(eTM_CTOE_Moved, {alpha}), S_OK);
-    EXPECT_EQ(fire(static_cast<ETM_ChangeTypeOfEvent>(0), {alpha}), S_OK);
+    for (const LONG unknown : {0, 8, 99, -1, std::numeric_limits<LONG>::max()}) {
+        EXPECT_EQ(fire(ETM_ChangeTypeOfEvent{unknown}, {alpha}), S_OK) << unknown;
+    }
     EXPECT_THAT(host.calls(), IsEmpty());
+    EXPECT_THAT(tab_names(), ElementsAre(L"Alpha"));
 }
 
 TEST_F(TrackingTest, ANullListIsANullPointerWithAnAssertion) {

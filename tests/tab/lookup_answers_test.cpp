@@ -1,6 +1,8 @@
 // What becomes of the answers of the lookup service.
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "tests/tab/symbol_control_fixture.h"
 
 namespace OV_OrderDeck {
@@ -36,6 +38,20 @@ TEST_F(symbol_control, by_name_stores_what_is_selected_or_not_supported_and_neve
         EXPECT_EQ(1, host.count("Lookup.GetSymbolInfo(\"name\", 1, null)")) << result;
     }
     EXPECT_EQ(0, asked());
+}
+
+TEST_F(symbol_control, a_result_with_no_name_changes_and_asks_nothing) {
+    disconnect();
+    for (const LONG number : {7, 4, -1, std::numeric_limits<LONG>::max(), std::numeric_limits<LONG>::min()}) {
+        answer(OD_LookupResult{number});
+        control().LookupByText(L"typed", true, false);
+        control().LookupByName(L"name");
+        control().LookupById(55);
+        control().LookupWithDialog();
+        EXPECT_TRUE(control().IsEmpty()) << number;
+    }
+    EXPECT_EQ(0, asked());
+    EXPECT_EQ(0, told_host());
 }
 
 TEST_F(symbol_control, an_empty_name_fails_before_the_service_is_made) {
