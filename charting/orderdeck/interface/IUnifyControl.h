@@ -52,4 +52,15 @@ public:
     virtual double get_Bid() = 0;
 };
 
+// What a price offers beside the operations of every field.
+class ITypedPrice {
+public:
+    // What the typed text would be sent as, when a person would not read it as that; empty when he would, and
+    // for what is no price.
+    virtual CString get_TypedAs() = 0;
+
+protected:
+    ~ITypedPrice() = default;
+};
+
 }  // namespace OV_OrderDeck

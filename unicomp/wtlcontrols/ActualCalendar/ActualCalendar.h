@@ -16,6 +16,8 @@ public:
     LONG GetDateDay() const;
     LONG GetTodayDay() const;
 
+    SYSTEMTIME get_Date() const;
+
     // Whether the user picked today. Nothing here reads it.
     bool get_IsToday() const { return m_today_picked; }
     void put_IsToday(bool today) { m_today_picked = today; }
@@ -28,8 +30,6 @@ protected:
 
     // The calendar has moved its own date forward.
     virtual void OnDateCorrected() {}
-
-    SYSTEMTIME get_Date() const;
 
     // The date is corrected only while this is set.
     bool m_active = true;

@@ -18,4 +18,15 @@ void CGTDCalendar::SetRange() {
     ::SendMessageW(m_hWnd, DTM_SETRANGE, GDTR_MIN | GDTR_MAX, reinterpret_cast<LPARAM>(range));
 }
 
+void CGTDCalendar::OnDateCorrected() {
+    SetRange();
+    NMDATETIMECHANGE change = {};
+    change.nmhdr.hwndFrom = m_hWnd;
+    change.nmhdr.idFrom = static_cast<UINT_PTR>(::GetDlgCtrlID(m_hWnd));
+    change.nmhdr.code = DTN_DATETIMECHANGE;
+    change.dwFlags = GDT_VALID;
+    change.st = get_Date();
+    ::SendMessageW(::GetParent(m_hWnd), WM_NOTIFY, change.nmhdr.idFrom, reinterpret_cast<LPARAM>(&change));
+}
+
 }  // namespace WTLControls

@@ -12,6 +12,7 @@ namespace OV_OrderDeck::details {
 namespace {
 
 constexpr UINT range_text = 122;
+constexpr UINT reads_as = 317;
 
 }  // namespace
 
@@ -22,7 +23,7 @@ void CPriceEdit::OnUpdate() {
     }
     field->put_Value(_variant_t(window_text(m_hWnd).c_str()));
     if (!field->IsEmpty()) {
-        m_panel->get_Tips().Hide();
+        _show_reading(*field);
         return;
     }
     double low = 0.0;
@@ -32,6 +33,18 @@ void CPriceEdit::OnUpdate() {
         m_hWnd, resource_string::text(m_title),
         Unicomp::fill_text(resource_string::text(range_text),
                            {std::to_wstring(truncate(low)), std::to_wstring(truncate(high))}));
+}
+
+// A price that a person would read otherwise, or not at all, shows what it would be sent as.
+void CPriceEdit::_show_reading(IUnifyControl& field) {
+    auto* const typed = dynamic_cast<ITypedPrice*>(&field);
+    const CString reading = typed != nullptr ? typed->get_TypedAs() : CString();
+    if (reading.empty()) {
+        m_panel->get_Tips().Hide();
+        return;
+    }
+    m_panel->get_Tips().Show(m_hWnd, resource_string::text(m_title),
+                             Unicomp::fill_text(resource_string::text(reads_as), {reading}));
 }
 
 void CPriceEdit::OnDeltaSpinChanged(int delta) {
@@ -48,14 +61,24 @@ void CPriceEdit::OnDeltaSpinChanged(int delta) {
     m_panel->Update(entity, false, false);
 }
 
-BOOL CPriceEdit::ProcessWindowMessage(HWND, UINT uMsg, WPARAM, LPARAM, LRESULT&, DWORD dwMsgMapID) {
+BOOL CPriceEdit::ProcessWindowMessage(HWND, UINT uMsg, WPARAM wParam, LPARAM, LRESULT& lResult,
+                                      DWORD dwMsgMapID) {
     if (!BS_ASSERT_TEXT(dwMsgMapID == 0, "0")) {
         return FALSE;
     }
     if (uMsg == WM_KILLFOCUS) {
         BugSlayerUtil::guard(BS_HERE, [&] { _on_kill_focus(); });
     }
+    if (uMsg == WM_KEYDOWN && (wParam == VK_UP || wParam == VK_DOWN)) {
+        // Before the spin, which would take an end of the range for a price that nobody typed.
+        return frame::take(frame::guarded(BS_HERE, [&] { return _on_arrow(); }), lResult);
+    }
     return FALSE;
+}
+
+frame::answer CPriceEdit::_on_arrow() const {
+    const auto field = m_panel->get_Control(entity_of_item(m_item));
+    return field && field->IsEmpty() ? frame::answer(0) : frame::declined;
 }
 
 // The text and the spin follow the value. What is no price stays for the user to mend.

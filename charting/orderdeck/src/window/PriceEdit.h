@@ -1,5 +1,6 @@
 #pragma once
 
+#include "charting/orderdeck/interface/IUnifyControl.h"
 #include "charting/orderdeck/interface/OD_UpdateEntity.h"
 #include "platform/text.h"
 #include "platform/win32/frame/subclassed_window.h"
@@ -28,6 +29,8 @@ public:
 
 private:
     void _on_kill_focus();
+    void _show_reading(IUnifyControl& field);
+    frame::answer _on_arrow() const;
 
     CProfileTabWindow* m_panel;
     int m_item;

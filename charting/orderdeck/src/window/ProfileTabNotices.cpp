@@ -5,6 +5,7 @@
 
 #include "charting/orderdeck/src/window/PanelItems.h"
 #include "charting/orderdeck/src/window/ProfileTabWindow.h"
+#include "charting/orderdeck/src/window/SettingFlag.h"
 #include "charting/orderdeck/src/window/WindowText.h"
 #include "diagnostics/BugSlayerUtil.h"
 #include "unicomp/wtlcontrols/ActualCalendar/CalendarDates.h"
@@ -13,16 +14,18 @@ namespace OV_OrderDeck {
 
 namespace {
 
-class symbol_action {
-public:
-    explicit symbol_action(bool& flag) : m_flag(flag) { m_flag = true; }
-    ~symbol_action() { m_flag = false; }
-    symbol_action(const symbol_action&) = delete;
-    symbol_action& operator=(const symbol_action&) = delete;
-
-private:
-    bool& m_flag;
-};
+// Runs a lookup and shows the symbol afterwards, whatever came of it: a name that failed must not stand in
+// the edit as if it were the symbol.
+template <class Lookup, class Show>
+void look_up_and_show(Lookup&& lookup, Show&& show) {
+    try {
+        lookup();
+    } catch (...) {
+        show();
+        throw;
+    }
+    show();
+}
 
 _variant_t date_variant(double date) {
     _variant_t value;
@@ -39,6 +42,11 @@ frame::answer CProfileTabWindow::OnBnClicked(int id) {
     if (!field) {
         return 0;
     }
+    if (entity == eODUE_Buy || entity == eODUE_Sell) {
+        _press(entity, field);
+        return 0;
+    }
+    _on_input();
     if (entity == eODUE_AskBid) {
         field->put_Value(_variant_t(m_ask_bid.get_HitPrice()));
     } else {
@@ -53,6 +61,7 @@ frame::answer CProfileTabWindow::OnCBChange(int id) {
     if (!field) {
         return 0;
     }
+    _on_input();
     const HWND combo = get_Window(entity);
     const LRESULT current = ::SendMessageW(combo, CB_GETCURSEL, 0, 0);
     const LRESULT key = ::SendMessageW(combo, CB_GETITEMDATA, static_cast<WPARAM>(current), 0);
@@ -64,6 +73,7 @@ frame::answer CProfileTabWindow::OnUpdateEdit(int id) {
     if (m_bSettingText) {
         return 0;
     }
+    _on_input();
     switch (id) {
         case PanelItem::FirstPrice:
             m_first_price.OnUpdate();
@@ -77,6 +87,7 @@ frame::answer CProfileTabWindow::OnUpdateEdit(int id) {
 }
 
 frame::answer CProfileTabWindow::OnDeltaSpinChanged(const NMHDR& notice) {
+    _on_input();
     const int delta = reinterpret_cast<const NMUPDOWN&>(notice).iDelta;
     if (notice.idFrom == PanelItem::FirstSpin) {
         m_first_price.OnDeltaSpinChanged(delta);
@@ -87,6 +98,7 @@ frame::answer CProfileTabWindow::OnDeltaSpinChanged(const NMHDR& notice) {
 }
 
 frame::answer CProfileTabWindow::OnDateTimeChange(const NMHDR& notice) {
+    _on_input();
     const auto& change = reinterpret_cast<const NMDATETIMECHANGE&>(notice);
     m_calendar.put_IsToday(m_calendar.GetDateDay() == m_calendar.GetTodayDay());
     const auto field = get_Control(eODUE_GtdDate);
@@ -112,11 +124,13 @@ void CProfileTabWindow::OnButtonPressed(LONG) {
     if (!field) {
         return;
     }
-    {
-        const symbol_action running(m_bInSymbolAction);
-        field->LookupWithDialog();
-    }
-    _show_symbol();
+    _on_input();
+    look_up_and_show(
+        [&] {
+            const setting_flag running(m_bInSymbolAction);
+            field->LookupWithDialog();
+        },
+        [this] { _show_symbol(); });
 }
 
 // While a lookup asks the user, the host may take the tab away or bring another one to the front. Its symbol
@@ -152,7 +166,7 @@ void CProfileTabWindow::OnEditKillFocus(LONG) {
 }
 
 void CProfileTabWindow::_lookup_symbol(bool bAskConnect, bool bQuiet) {
-    const symbol_action running(m_bInSymbolAction);
+    const setting_flag running(m_bInSymbolAction);
     const auto field = _symbol_field();
     if (!field) {
         return;
@@ -162,8 +176,7 @@ void CProfileTabWindow::_lookup_symbol(bool bAskConnect, bool bQuiet) {
     if (text == text_of_value(*field)) {
         return;
     }
-    field->LookupByText(text, bAskConnect, bQuiet);
-    _show_symbol();
+    look_up_and_show([&] { field->LookupByText(text, bAskConnect, bQuiet); }, [this] { _show_symbol(); });
 }
 
 void CProfileTabWindow::OnFormatChange(int, WTLControls::NumberEditors::eFormats) {

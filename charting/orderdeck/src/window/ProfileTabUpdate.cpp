@@ -4,8 +4,10 @@
 #include <commctrl.h>
 
 #include "charting/orderdeck/src/tab/Truncate.h"
+#include "charting/orderdeck/src/window/OrderDeckWindow.h"
 #include "charting/orderdeck/src/window/PanelItems.h"
 #include "charting/orderdeck/src/window/ProfileTabWindow.h"
+#include "charting/orderdeck/src/window/SettingFlag.h"
 #include "charting/orderdeck/src/window/WindowText.h"
 #include "diagnostics/BugSlayerUtil.h"
 #include "unicomp/wtlcontrols/ActualCalendar/CalendarDates.h"
@@ -19,23 +21,14 @@ constexpr double other_quantity = 1.0;
 constexpr int mid_mode = 2;
 constexpr int idle_mode = 0;
 
-class setting_text {
-public:
-    explicit setting_text(bool& flag) : m_flag(flag), m_before(flag) { m_flag = true; }
-    ~setting_text() { m_flag = m_before; }
-    setting_text(const setting_text&) = delete;
-    setting_text& operator=(const setting_text&) = delete;
-
-private:
-    bool& m_flag;
-    bool m_before;
-};
-
 }  // namespace
 
 void CProfileTabWindow::Update(OD_UpdateEntity entity, bool bNoAnimation, bool bKeepQuantity) {
     const auto field = get_Control(entity);
     BS_REQUIRE(field, E_POINTER);
+    if (m_bNotSentShown && m_pBar->get_CurTab().get() != m_marked_tab) {
+        _on_input();
+    }
     const HWND window = get_Window(entity);
     ::EnableWindow(window, field->get_Enabled());
     m_layout.Update(entity, *field, !bNoAnimation);
@@ -75,7 +68,7 @@ void CProfileTabWindow::_update_text(HWND window, IUnifyControl& field) {
     }
     const CString text = text_of_value(field);
     if (text != window_text(window)) {
-        const setting_text guard(m_bSettingText);
+        const setting_flag guard(m_bSettingText);
         ::SetWindowTextW(window, text.c_str());
     }
 }
@@ -154,10 +147,20 @@ void CProfileTabWindow::_update_date_time_picker_ctrl(HWND window, IUnifyControl
         ::SendMessageW(window, DTM_SETSYSTEMTIME, GDT_NONE, 0);
         return;
     }
-    const _variant_t value = field.get_Value();
+    _variant_t value = field.get_Value();
     BS_REQUIRE(value.vt == VT_DATE, E_INVALIDARG);
+    // A day that has passed while the tab was not shown can't be meant any more.
+    if (const LONG today = m_calendar.GetTodayDay(); static_cast<LONG>(value.date) < today) {
+        value.date = today;
+        field.put_Value(value);
+    }
     SYSTEMTIME shown = WTLControls::system_time_of_ole_date(value.date);
     ::SendMessageW(window, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&shown));
+    // A picker keeps its own date where the range does not allow the field's: what is shown is what counts.
+    if (m_calendar.GetDateDay() != static_cast<LONG>(value.date)) {
+        value.date = WTLControls::ole_date(m_calendar.get_Date());
+        field.put_Value(value);
+    }
 }
 
 void CProfileTabWindow::_update_ask_bid(IUnifyControl& field) {

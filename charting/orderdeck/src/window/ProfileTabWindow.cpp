@@ -10,6 +10,7 @@
 #include "charting/orderdeck/src/window/PanelItems.h"
 #include "charting/orderdeck/src/window/ProfileMenu.h"
 #include "charting/orderdeck/src/window/RowRoom.h"
+#include "charting/orderdeck/src/window/SettingFlag.h"
 #include "charting/orderdeck/src/window/WindowText.h"
 #include "diagnostics/BugSlayerUtil.h"
 #include "unicomp/FormatUtil/interface/NumberFormat.h"
@@ -122,6 +123,8 @@ frame::answer CProfileTabWindow::_dispatch_notify(const NMHDR& notice) {
 
 frame::answer CProfileTabWindow::OnInitDialog() {
     m_layout_panel.Attach(m_hWnd);
+    m_eyes.Attach(m_hWnd, m_calendar);
+    m_marks.Attach(m_hWnd);
     m_calendar.SubclassWindow(get_Item(PanelItem::GtdDate));
     m_calendar.StartTimer();
     m_calendar.SetRange();
@@ -182,6 +185,10 @@ void CProfileTabWindow::_init_trade_buttons() {
     m_sell.SubclassWindow(get_Item(PanelItem::Sell));
     m_buy.put_Flags(trade_button_value | WTLControls::ButtonFlag::Content);
     m_sell.put_Flags(trade_button_value | WTLControls::ButtonFlag::Content);
+    m_buy.put_PressSink(this);
+    m_sell.put_PressSink(this);
+    m_tips.Register(m_hWnd, m_buy.get_Hwnd());
+    m_tips.Register(m_hWnd, m_sell.get_Hwnd());
 }
 
 void CProfileTabWindow::_init_combo_heights() {
@@ -205,6 +212,15 @@ frame::answer CProfileTabWindow::OnTimer(UINT_PTR id) {
 }
 
 frame::answer CProfileTabWindow::OnEraseBackground(HDC dc) {
+    if (m_bErasing) {
+        return frame::declined;
+    }
+    if (!m_marks.IsEmpty()) {
+        const setting_flag erasing(m_bErasing);
+        ::DefDlgProcW(m_hWnd, WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0);
+        m_marks.Draw(dc);
+        return 1;
+    }
     const auto tab = m_pBar->get_CurTab();
     COLORREF from = 0;
     COLORREF to = 0;

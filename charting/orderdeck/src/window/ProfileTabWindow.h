@@ -3,12 +3,15 @@
 #include <array>
 #include <boost/shared_ptr.hpp>
 #include <limits>
+#include <optional>
 
 #include "charting/orderdeck/interface/ITab.h"
 #include "charting/orderdeck/src/window/AskBidButtonImpl.h"
 #include "charting/orderdeck/src/window/CtrlsLayout.h"
+#include "charting/orderdeck/src/window/FieldMarks.h"
 #include "charting/orderdeck/src/window/LayoutPanel.h"
 #include "charting/orderdeck/src/window/PriceEdit.h"
+#include "charting/orderdeck/src/window/RowEyes.h"
 #include "platform/win32/frame/accessible_name.h"
 #include "platform/win32/frame/balloon_tips.h"
 #include "platform/win32/frame/dialog.h"
@@ -26,6 +29,7 @@ class COrderDeckWindow;
 // and hands them what the user does, so one panel serves all tabs. Lives on the bar's thread.
 class CProfileTabWindow final : public WTLControls::IEditCommandSink2,
                                 public WTLControls::NumberEditors::INumberEditorHost,
+                                public WTLControls::IButtonPressSink,
                                 public frame::dialog {
 public:
     // The bar is not owned. Throws _com_error (E_POINTER) for a null one.
@@ -59,6 +63,8 @@ public:
     bool UsesDisplayText(int) override { return true; }
     CString GetDisplayText(double value) override;
 
+    void OnPressBegins(HWND button, bool byKey) override;
+
 private:
     frame::answer _dispatch_command(WPARAM wParam);
     frame::answer _dispatch_notify(const NMHDR& notice);
@@ -78,6 +84,13 @@ private:
     void _init_combo_heights();
     void _init_theme();
     void _init_names();
+
+    // What the row showed when the press of a button began, or shows now when another program sent the click.
+    CRowSight _take_sight(OD_UpdateEntity button);
+    void _press(OD_UpdateEntity button, const boost::shared_ptr<IUnifyControl>& field);
+    void _show_not_sent(OD_UpdateEntity button, const row_differences& differences);
+    // The user did something: what a press that sent nothing left on the screen goes.
+    void _on_input();
 
     void _update_text(HWND window, IUnifyControl& field);
     void _update_lookup(HWND window, IUnifyControl& field, bool bKeepQuantity);
@@ -108,6 +121,20 @@ private:
     WTLControls::CGTDCalendar m_calendar;
     // Of the edits, which have no labels.
     std::array<frame::accessible_name, 8> m_names;
+    // A press of Buy or Sell began: the button and what the row showed.
+    struct press {
+        OD_UpdateEntity button;
+        CRowSight sight;
+    };
+    CRowEyes m_eyes;
+    std::optional<press> m_press;
+    CFieldMarks m_marks;
+    // The tab that the marks belong to, for comparing only.
+    const ITab* m_marked_tab = nullptr;
+    // The balloon and the marks of a press that sent nothing are on the screen.
+    bool m_bNotSentShown = false;
+    // The background is being drawn by the system, which asks the panel first.
+    bool m_bErasing = false;
     // A symbol action runs: the dialog that it opens takes the focus, which must not start another.
     bool m_bInSymbolAction = false;
     // The panel itself writes a window's text: the change notice that comes of it is not the user's.

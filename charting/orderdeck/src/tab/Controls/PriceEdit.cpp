@@ -9,6 +9,7 @@
 #include "charting/orderdeck/src/tab/Controls/Usable.h"
 #include "charting/orderdeck/src/tab/Tab.h"
 #include "unicomp/FormatUtil/interface/PriceToString.h"
+#include "unicomp/FormatUtil/interface/ReadsAs.h"
 
 namespace OV_OrderDeck {
 namespace {
@@ -70,6 +71,17 @@ void CPriceEditBase::get_SpinRange(LONG* low, LONG* high) {
 // A price that is not a number is no price either.
 bool CPriceEditBase::IsEmpty() {
     return m_value == NoPrice || !(m_value <= HighestPrice) || m_value < _get_step();
+}
+
+CString CPriceEditBase::get_TypedAs() {
+    if (IsEmpty()) {
+        return {};
+    }
+    const std::optional<double> reads = local_format::PriceReadsAs(m_text);
+    if (reads && local_format::IsSamePrice(*reads, m_value, _get_step())) {
+        return {};
+    }
+    return local_format::ExactPriceText(_tab()._get_price_format(), m_value);
 }
 
 void CPriceEditBase::Clear() {

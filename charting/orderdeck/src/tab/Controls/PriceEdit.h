@@ -8,7 +8,7 @@
 namespace OV_OrderDeck {
 
 // What both price fields have in common: a price as typed and as it reads in the symbol's price scale.
-class CPriceEditBase : public CUnifyControlImpl<IUnifyControl> {
+class CPriceEditBase : public CUnifyControlImpl<IUnifyControl>, public ITypedPrice {
 public:
     // The highest legal price of every symbol. The lowest is the symbol's tick.
     static constexpr double HighestPrice = 250000.0;
@@ -24,6 +24,7 @@ public:
     void get_ValueRange(double* low, double* high) override;
     void get_SpinRange(LONG* low, LONG* high) override;
     bool IsEmpty() override;
+    CString get_TypedAs() override;
 
     double get_Price() const { return m_value; }
     // Neither price nor text.
