@@ -10,6 +10,8 @@ import subprocess
 import time
 
 TIMEOUT = 60.0
+# Two presses at one place that are further apart are no double click.
+DOUBLE_CLICK = 0.6
 
 
 class ScreenError(Exception):
@@ -24,6 +26,8 @@ class Screen:
         self.order_log = os.path.join(folder, "orders.jsonl")
         self._description = os.path.join(folder, "windows.json")
         self._pictures = 0
+        self._pressed = None
+        self._pressed_at = 0.0
         for path in (self.order_log, self._description):
             if os.path.exists(path):
                 os.remove(path)
@@ -199,7 +203,12 @@ class Screen:
         return self.wait(f"row {text!r}", look)
 
     def press_button(self, item):
-        self.click(self.control(item, "Button")["rect"])
+        """As a press of its own, not as the second click of a double click."""
+        place = self.control(item, "Button")["rect"]
+        if place == self._pressed:
+            time.sleep(max(0.0, self._pressed_at + DOUBLE_CLICK - time.monotonic()))
+        self.click(place)
+        self._pressed, self._pressed_at = place, time.monotonic()
 
     def picture(self, name):
         """Takes a picture of the whole screen; the names are numbered."""

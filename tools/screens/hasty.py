@@ -36,19 +36,24 @@ def symbol_and_order_at_once(bar):
 
 
 def many_orders(bar):
-    """As many orders as clicks."""
+    """As many orders as presses: Buy and Sell in turns are one each, a chain of clicks at one place is one."""
+    buy, sell = (bar.control(BUTTONS[side], "Button")["rect"] for side in ("buy", "sell"))
     before = len(bar.orders())
-    bar.in_one_go(*[bar.control(BUY, "Button")["rect"]] * 8)
-    bar.wait("eight orders", lambda: len(bar.orders()) == before + 8)
+    bar.in_one_go(*[sell, buy] * 4)
+    bar.wait("eight orders", lambda: len(bar.orders()) >= before + 8)
+    bar.in_one_go(*[sell] * 8)
+    bar.wait("the ninth order", lambda: len(bar.orders()) >= before + 9)
     bar.wait_for_news()
-    assert len(bar.orders()) == before + 8
+    actions = [one["action"] for one in bar.orders()[before:]]
+    assert len(actions) == 9 and actions == [actions[0], actions[1]] * 4 + [actions[0]], actions
+    assert actions[0] != actions[1]
 
 
 def many_tabs(bar):
     bar.in_one_go(*[bar.tab(name)["rect"] for name in ("Far", "Next", "Near")] * 6)
     bar.wait("the last tab", lambda: bar.current_tab() == "Near")
     symbol_is(bar, "KO")
-    order = bar.place("sell")
+    order = bar.place("buy")
     assert (order["profile"], order["symbol"]) == ("Near", "KO"), order
 
 

@@ -5,6 +5,8 @@
 #include <commctrl.h>
 #include <uxtheme.h>
 
+#include <optional>
+
 #include "platform/text.h"
 #include "platform/win32/frame/subclassed_window.h"
 #include "unicomp/wtlcontrols/buttonst/ButtonFace.h"
@@ -30,6 +32,8 @@ public:
     void put_Style(DWORD style, IButtonSTEventSink* sink);
     // Who hears that a press begins; not owned, null for none.
     void put_PressSink(IButtonPressSink* sink) { m_press_sink = sink; }
+    // True: a double click, and every click that follows on its heels, is one press with its first click.
+    void put_OnePressForFastClicks(bool one) { m_one_press = one; }
     // Where the drop-down part begins, in client pixels.
     void put_Split(LONG split);
     // See ButtonColour.
@@ -69,7 +73,9 @@ private:
     frame::answer _on_key(UINT uMsg, WPARAM wParam, LPARAM lParam);
     frame::answer _on_reflected(UINT uMsg, WPARAM wParam, LPARAM lParam);
     void _on_mouse_move(WPARAM keys, POINT at);
+    frame::answer _on_second_down(WPARAM keys, LPARAM at);
     LRESULT _on_button_down(WPARAM keys, LPARAM at);
+    bool _follows_double_click() const;
     void _repeat_until_released();
     void _tell_sink(POINT at);
     void _tell_press(bool by_key) const;
@@ -100,6 +106,9 @@ private:
     HWND m_tooltip = nullptr;
     CString m_url;
     bool m_checked = false;
+    bool m_one_press = false;
+    // When the last double click was, as messages tell the time.
+    std::optional<LONG> m_double_click;
     // The sink has heard of the present press: its release is no click.
     bool m_told = false;
     IButtonSTEventSink* m_sink = nullptr;
@@ -108,15 +117,21 @@ private:
     CustomDraw::CMemorySurface m_surface;
 };
 
-// The two trade buttons; they differ in their colours only.
+// The two trade buttons; they differ in their colours only. A hand that clicks twice wants one order.
 class CButtonSTForBuyAction final : public CButtonST {
 public:
-    CButtonSTForBuyAction() { put_Colours(0xF1D0C0, 0xCBB0A0); }
+    CButtonSTForBuyAction() {
+        put_Colours(0xF1D0C0, 0xCBB0A0);
+        put_OnePressForFastClicks(true);
+    }
 };
 
 class CButtonSTForSellAction final : public CButtonST {
 public:
-    CButtonSTForSellAction() { put_Colours(0xC5C5F1, 0x8181D7); }
+    CButtonSTForSellAction() {
+        put_Colours(0xC5C5F1, 0x8181D7);
+        put_OnePressForFastClicks(true);
+    }
 };
 
 }  // namespace WTLControls

@@ -54,6 +54,22 @@ void CButtonST::_tell_press(bool by_key) const {
     }
 }
 
+frame::answer CButtonST::_on_second_down(WPARAM keys, LPARAM at) {
+    if (!m_one_press) {
+        // An owner-drawn button would take the second of two fast presses for something else.
+        return _on_button_down(keys, at);
+    }
+    m_double_click = ::GetMessageTime();
+    return frame::declined;
+}
+
+// The third of fast clicks comes as if it were a first one.
+bool CButtonST::_follows_double_click() const {
+    // The clock of messages wraps.
+    return m_double_click && static_cast<DWORD>(::GetMessageTime()) - static_cast<DWORD>(*m_double_click) <=
+                                 ::GetDoubleClickTime();
+}
+
 LRESULT CButtonST::_on_button_down(WPARAM keys, LPARAM at) {
     // Before the focus moves: what it leaves may change the row.
     _tell_press(false);
@@ -122,9 +138,9 @@ frame::answer CButtonST::_on_mouse(UINT uMsg, WPARAM wParam, LPARAM lParam) {
             _on_mouse_move(wParam, frame::point_of(lParam));
             return frame::declined;
         case WM_LBUTTONDOWN:
+            return _follows_double_click() ? 0 : _on_button_down(wParam, lParam);
         case WM_LBUTTONDBLCLK:
-            // An owner-drawn button would take the second of two fast presses for something else.
-            return _on_button_down(wParam, lParam);
+            return _on_second_down(wParam, lParam);
         case WM_LBUTTONUP:
             return _on_button_up();
         default:
