@@ -89,6 +89,8 @@ private:
     LRESULT _after_losing_heat(UINT uMsg, WPARAM wParam, LPARAM lParam);
     void _relay(UINT uMsg, WPARAM wParam, LPARAM lParam) const;
     void _cool();
+    bool _is_held(WPARAM keys) const;
+    void _give_mouse_back() const;
     bool _has_sink() const { return m_sink != nullptr && (m_style & ButtonStyle::DropDown) != 0; }
     void _open_theme();
     void _close_theme();

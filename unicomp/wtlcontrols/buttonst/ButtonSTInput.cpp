@@ -31,20 +31,32 @@ void CButtonST::_relay(UINT uMsg, WPARAM wParam, LPARAM lParam) const {
     }
 }
 
+// By the mouse, or by the space key.
+bool CButtonST::_is_held(WPARAM keys) const {
+    return (keys & MK_LBUTTON) != 0 || (::SendMessageW(m_hWnd, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0;
+}
+
+void CButtonST::_give_mouse_back() const {
+    if (m_hWnd != nullptr && ::GetCapture() == m_hWnd) {
+        ::ReleaseCapture();
+    }
+}
+
 void CButtonST::_on_mouse_move(WPARAM keys, POINT at) {
-    const bool over = contains(_client(), at);
-    if (!IsHot()) {
-        if (over && ::IsChild(::GetActiveWindow(), m_hWnd)) {
+    if (contains(_client(), at)) {
+        if (!IsHot() && ::IsChild(::GetActiveWindow(), m_hWnd)) {
             m_state |= ButtonState::Hot;
             ::SetCapture(m_hWnd);
             Repaint();
         }
-    } else if (!over) {
+        return;
+    }
+    if (IsHot()) {
         _cool();
-        // A button that is held goes on watching for its release.
-        if ((keys & MK_LBUTTON) == 0) {
-            ::ReleaseCapture();
-        }
+    }
+    // A button that is held goes on watching for its release.
+    if (!_is_held(keys)) {
+        _give_mouse_back();
     }
 }
 
@@ -187,8 +199,11 @@ frame::answer CButtonST::_on_key(UINT uMsg, WPARAM wParam, LPARAM lParam) {
 
 LRESULT CButtonST::_after_losing_heat(UINT uMsg, WPARAM wParam, LPARAM lParam) {
     const LRESULT result = DefWindowProc(uMsg, wParam, lParam);
-    if ((m_flags & ButtonFlag::HotTracking) != 0 && IsHot()) {
-        _cool();
+    if ((m_flags & ButtonFlag::HotTracking) != 0) {
+        if (IsHot()) {
+            _cool();
+        }
+        _give_mouse_back();
     }
     return result;
 }
