@@ -10,14 +10,12 @@
 #include <vector>
 
 #include "diagnostics/BugSlayerInitializer.h"
-#include "platform/com.h"
 #include "tests/diagnostics/named_event.h"
+#include "tests/support/own_names.h"
 
 namespace {
 
-std::string own_name() {
-    return "OrderDeck diagnostics_tests " + std::to_string(GetCurrentProcessId());
-}
+using test_support::own_name;
 
 TEST(AttachEvent, HasItsFixedName) {
     EXPECT_STREQ(BugSlayerUtil::attach_event_name, "{61B26D6F-EC96-46da-A875-239EED43DF17}");

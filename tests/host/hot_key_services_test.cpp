@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/own_names.h"
+
 namespace host {
 namespace {
 
@@ -31,8 +33,7 @@ protected:
     void SetUp() override {
         m_library = delivered_library();
         ASSERT_NE(m_library, nullptr);
-        m_path = std::filesystem::current_path() / "hot keys" / "keys.txt";
-        std::filesystem::remove_all(m_path.parent_path());
+        m_path = std::filesystem::current_path() / (test_support::own_name() + " keys") / "keys.txt";
     }
     void TearDown() override {
         std::filesystem::remove_all(m_path.parent_path());

@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "market/time_text.h"
+#include "tests/support/own_names.h"
 
 namespace host {
 namespace {
@@ -39,10 +40,7 @@ TEST(HostOrderLog, ALineHoldsTheSevenArgumentsAsTheyCame) {
 
 TEST(HostOrderLog, LinesAreInTheFileAsSoonAsTheyAreWritten) {
     const std::filesystem::path path =
-        std::filesystem::temp_directory_path() /
-        ("orderdeck-host-log-" +
-         std::to_string(std::filesystem::hash_value(std::filesystem::current_path())) +
-         ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".jsonl");
+        std::filesystem::temp_directory_path() / (test_support::own_name() + ".jsonl");
     {
         const std::u8string text = path.u8string();
         order_log log(std::string(text.begin(), text.end()));

@@ -5,6 +5,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "tests/support/own_names.h"
+
 namespace host {
 namespace {
 
@@ -13,9 +15,7 @@ using ::testing::ElementsAre;
 class HostProfileStore : public ::testing::Test {
 protected:
     HostProfileStore() {
-        const auto* const test = ::testing::UnitTest::GetInstance()->current_test_info();
-        m_folder = std::filesystem::current_path() / "profile store" / test->name();
-        std::filesystem::remove_all(m_folder);
+        m_folder = std::filesystem::current_path() / (test_support::own_name() + " profiles");
         m_path = m_folder / "profiles.json";
     }
     ~HostProfileStore() override { std::filesystem::remove_all(m_folder); }

@@ -3,6 +3,8 @@
 #include <iostream>
 
 #include "tests/monkey/monkey_pair.h"
+#include "tests/support/own_mutexes.h"
+#include "tests/support/own_names.h"
 
 namespace {
 
@@ -22,6 +24,8 @@ TEST(monkey, finds_no_difference_between_the_bar_and_the_model) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    const test_support::own_names names(false);
+    test_support::own_mutexes mutexes;
     testing::InitGoogleTest(&argc, argv);
     argument_count = argc;
     arguments = argv;

@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "tests/support/child_process.h"
+#include "tests/support/own_names.h"
 
 namespace {
 
@@ -18,7 +19,7 @@ using platform::process_mutexes;
 using test_support::child_process;
 
 std::unique_ptr<process_mutex> open(const CString& name) {
-    return port<process_mutexes>::get().open(name);
+    return port<process_mutexes>::system().open(name);
 }
 
 CString wide(const std::string& ascii) {
@@ -42,9 +43,7 @@ CHILD_MAIN(hold_mutex) {
 
 class ProcessMutex : public testing::Test {
 protected:
-    ProcessMutex() : m_name("Global\\OrderDeck test " + std::to_string(GetCurrentProcessId())) {
-        m_mutex = open(wide(m_name));
-    }
+    ProcessMutex() : m_name("Global\\" + test_support::own_name()) { m_mutex = open(wide(m_name)); }
 
     std::string m_name;
     std::unique_ptr<process_mutex> m_mutex;
@@ -164,8 +163,10 @@ TEST_F(ProcessMutex, ALockOwnsAnAbandonedMutex) {
 }
 
 TEST(ProcessMutexes, ANameOf128CharactersIsTheLongest) {
-    EXPECT_NE(open(CString(128, L'n')), nullptr);
-    EXPECT_EQ(open(CString(129, L'n')), nullptr);
+    CString name = wide(test_support::own_name());
+    name.resize(128, L'n');
+    EXPECT_NE(open(name), nullptr);
+    EXPECT_EQ(open(name + L'n'), nullptr);
 }
 
 }  // namespace

@@ -2,10 +2,11 @@
 #include "platform/posix/registry_file.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
+
+#include "tests/support/own_names.h"
 
 namespace {
 
@@ -14,9 +15,7 @@ using platform::sqlite_error;
 
 class RegistryFile : public testing::Test {
 protected:
-    RegistryFile()
-        : m_folder(std::filesystem::temp_directory_path() /
-                   ("orderdeck-registry-" + std::to_string(getpid()))) {
+    RegistryFile() : m_folder(std::filesystem::temp_directory_path() / test_support::own_name()) {
         EXPECT_TRUE(std::filesystem::create_directory(m_folder)) << "the folder must be new";
     }
     ~RegistryFile() override { std::filesystem::remove_all(m_folder); }

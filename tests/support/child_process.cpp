@@ -2,9 +2,12 @@
 
 #include <iostream>
 #include <map>
+#include <string_view>
 
 namespace test_support {
 namespace {
+
+constexpr std::string_view flag = "--child=";
 
 std::map<std::string, child_main>& parts() {
     static std::map<std::string, child_main> all;
@@ -17,9 +20,12 @@ child_registration::child_registration(const char* name, child_main main) {
     parts()[name] = main;
 }
 
+bool is_child(int argc, char** argv) {
+    return argc > 1 && std::string_view(argv[1]).starts_with(flag);
+}
+
 bool run_child(int argc, char** argv, int& exit_code) {
-    const std::string flag = "--child=";
-    if (argc < 2 || std::string(argv[1]).rfind(flag, 0) != 0) {
+    if (!is_child(argc, argv)) {
         return false;
     }
     const auto part = parts().find(argv[1] + flag.size());

@@ -16,6 +16,9 @@ struct child_registration {
     child_registration(const char* name, child_main main);
 };
 
+// Whether the command line asks for a part.
+bool is_child(int argc, char** argv);
+
 // Runs the part that the command line asks for ("--child=name argument..."). False when it asks for none.
 bool run_child(int argc, char** argv, int& exit_code);
 

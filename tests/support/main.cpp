@@ -2,6 +2,8 @@
 
 #include "platform/com.h"
 #include "tests/support/child_process.h"
+#include "tests/support/own_mutexes.h"
+#include "tests/support/own_names.h"
 
 namespace {
 
@@ -15,6 +17,8 @@ public:
 }  // namespace
 
 int main(int argc, char** argv) {
+    const test_support::own_names names(test_support::is_child(argc, argv));
+    test_support::own_mutexes mutexes;
     int exit_code = 0;
     if (test_support::run_child(argc, argv, exit_code)) {
         return exit_code;

@@ -6,11 +6,14 @@
 #include <string>
 
 #include "platform/registry.h"
+#include "platform/utf8.h"
+#include "tests/support/own_names.h"
 
 class test_key {
 public:
     explicit test_key(const CString& name)
-        : m_path(L"Software\\OrderDeck Tests\\" + name + L" " + std::to_wstring(GetCurrentProcessId())) {
+        : m_path(L"Software\\OrderDeck Tests\\" + name + L" " +
+                 platform::from_utf8(test_support::own_name())) {
         platform::registry_key earlier;
         EXPECT_EQ(earlier.Open(HKEY_CURRENT_USER, m_path, KEY_READ), ERROR_FILE_NOT_FOUND)
             << "the key must be new";

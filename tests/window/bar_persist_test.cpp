@@ -3,7 +3,9 @@
 #include <commctrl.h>
 
 #include "platform/registry.h"
+#include "platform/utf8.h"
 #include "tests/support/failing_registry.h"
+#include "tests/support/own_names.h"
 #include "tests/window/bar_fixture.h"
 
 namespace {
@@ -13,7 +15,7 @@ using namespace OV_OrderDeck;
 class BarPersist : public window_tests::bar_test {
 protected:
     void SetUp() override {
-        path = L"Software\\OrderDeck Tests\\bar " + std::to_wstring(GetCurrentProcessId());
+        path = L"Software\\OrderDeck Tests\\bar " + platform::from_utf8(test_support::own_name());
         HKEY existing = nullptr;
         ASSERT_NE(RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &existing), ERROR_SUCCESS);
         ASSERT_EQ(key.Create(HKEY_CURRENT_USER, path), ERROR_SUCCESS);

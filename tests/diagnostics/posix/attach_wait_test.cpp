@@ -14,6 +14,7 @@
 
 #include "diagnostics/BugSlayerClient.h"
 #include "tests/diagnostics/named_event.h"
+#include "tests/support/own_names.h"
 
 namespace {
 
@@ -28,7 +29,7 @@ TEST(AttachEvent, IsLookedForByWhoeverWantsTheClient) {
 }
 
 TEST(AttachEvent, LetsNobodyOnBeforeItIsSignalled) {
-    const std::string name = "OrderDeck attach_wait_test " + std::to_string(GetCurrentProcessId());
+    const std::string name = test_support::own_name() + "-waiting";
     named_event event(name);
     std::mutex lock;
     std::vector<std::string> order;
