@@ -3,7 +3,7 @@
 namespace platform {
 namespace {
 
-constexpr int wait_milliseconds = 10000;
+constexpr int wait_milliseconds = 300000;
 
 }  // namespace
 

@@ -24,7 +24,7 @@ private:
     int m_code;
 };
 
-// One database file, made unless it exists. Waits up to ten seconds for other processes.
+// One database file, made unless it exists. Waits up to five minutes for other processes.
 class sqlite_connection {
 public:
     explicit sqlite_connection(const std::string& file);
