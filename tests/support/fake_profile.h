@@ -6,6 +6,7 @@
 
 #include "TradingCenter.h"
 #include "tests/support/fake_connection_point.h"
+#include "tests/support/fake_order_sight.h"
 
 namespace test {
 
@@ -40,6 +41,8 @@ public:
 
     std::vector<order> orders;
     std::vector<symbol> symbols;
+    // What asking for it gives; null for a host without it.
+    com_ptr<FakeOrderSight> sight;
 
     STDMETHODIMP SetAccount(BSTR sAccount) override;
     STDMETHODIMP GetAccounts(SAFEARRAY** ppAccounts) override;
@@ -47,6 +50,14 @@ public:
                             double limit_price, LONG time_in_force, VARIANT* gtd_date) override;
     STDMETHODIMP SetSymbol(SManualSymbol* pSymbol, BSTR sDataFeed) override;
     STDMETHODIMP GetTimeInForces(MTPA_OrdrCtgry category, SAFEARRAY** ppCodes) override;
+
+protected:
+    HRESULT internal_query(REFIID iid, void** out) {
+        if (sight && out != nullptr && IsEqualIID(iid, __uuidof(ITC_OrderSight))) {
+            return sight->QueryInterface(iid, out);
+        }
+        return com_root::internal_query(iid, out);
+    }
 
 private:
     fake_host m_host;

@@ -58,6 +58,17 @@ public:
         }
     }
 
+    // A selected key that the list no longer has shows nothing, and goes out all the same: that reads as
+    // nothing.
+    void row(OD_UpdateEntity entity, const CListImpl<IUnifyControl>& list) const {
+        const CString* const sent = list.FindSelectedText();
+        if (sent != nullptr) {
+            text(entity, *sent);
+        } else if ((*m_sight)[entity].shown) {
+            unreadable(entity, (*m_sight)[entity].text);
+        }
+    }
+
     void quantity(LONG sent) const {
         const SShownItem& item = (*m_sight)[eODUE_Quantity];
         if (!item.shown) {
@@ -111,10 +122,10 @@ private:
     row_differences* m_found;
 };
 
-// The text of the selected item, empty when the list no longer has it: that is what the box shows then.
-std::wstring_view selected_text(const CListImpl<IUnifyControl>& list) {
-    const CString* const text = list.FindSelectedText();
-    return text != nullptr ? std::wstring_view(*text) : std::wstring_view();
+// Empty for none.
+std::wstring_view account_of(const CAccountCombo& accounts) {
+    const CString* const name = accounts.FindSelectedText();
+    return name != nullptr ? std::wstring_view(*name) : std::wstring_view();
 }
 
 LONG day_of(double ole_date) {
@@ -145,12 +156,12 @@ row_differences COrderGate::Compare(const CRowSight& sight, const SOrderRequest&
     row_differences found;
     const comparison compare(sight, found);
     compare.text(eODUE_Symbol, view_of(request.symbol.Name));
-    compare.text(eODUE_OrderType, selected_text(*m_fields->m_pOrderType));
+    compare.row(eODUE_OrderType, *m_fields->m_pOrderType);
     compare.quantity(request.quantity);
     compare.price(*m_fields->m_pFirstPrice, eODUE_FirstPrice, format);
     compare.price(*m_fields->m_pSecondPrice, eODUE_SecondPrice, format);
     compare.text(eODUE_Account, request.account);
-    compare.text(eODUE_TimeInForce, selected_text(*m_fields->m_pTimeInForce));
+    compare.row(eODUE_TimeInForce, *m_fields->m_pTimeInForce);
     compare.date(*m_fields->m_pGtdDate, day_of(request.gtd_date));
     // The caption tells again what its items tell; it has a word of its own only when they all agree.
     if (found.empty()) {
@@ -175,7 +186,7 @@ row_differences COrderGate::Moved(const SOrderRequest& request) const {
     keep(eODUE_Quantity, m_fields->m_pQuantity->get_Quantity() == request.quantity);
     keep(eODUE_FirstPrice, same_price(*m_fields->m_pFirstPrice, request.stop_price));
     keep(eODUE_SecondPrice, same_price(*m_fields->m_pSecondPrice, request.limit_price));
-    keep(eODUE_Account, selected_text(*m_fields->m_pAccount) == request.account);
+    keep(eODUE_Account, account_of(*m_fields->m_pAccount) == request.account);
     keep(eODUE_TimeInForce, m_fields->m_pTimeInForce->get_SelectedItem(nullptr) == request.time_in_force);
     keep(eODUE_GtdDate, date_of(*m_fields->m_pGtdDate) == request.gtd_date);
     if (found.empty() && request.usable && !m_fields->m_pBuy->get_Enabled()) {
