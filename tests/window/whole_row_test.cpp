@@ -211,6 +211,7 @@ TEST_F(WholeRow, AQuantityStaysWithItsRowWhenTheUserChangesTabs) {
 TEST_F(WholeRow, ALimitOrderGoesOutAsItStandsOnTheScreen) {
     enter_symbol(L"AAA");
     choose(206, L"限價單");
+    ASSERT_TRUE(pump_until([&] { return IsWindowVisible(item(217)) != FALSE; }));
     type(217, L"101.25");
     choose(220, L"A2");
     choose(222, L"IOC(立即成交否則取消)");
@@ -244,14 +245,18 @@ TEST_F(WholeRow, AStopOrderWithoutItsPriceTellsTheRangeAndBringsTheFocusThere) {
     EXPECT_EQ(GetFocus(), item(214));
 }
 
-TEST_F(WholeRow, NoDateIsADateAndGoesOutAsZero) {
+TEST_F(WholeRow, NoDateDoesNotGoOutWhileThePickerShowsOne) {
     enter_symbol(L"AAA");
     choose(222, L"GTD(到期前有效)");
     ASSERT_TRUE(pump_until([&] { return IsWindowVisible(item(228)) != FALSE; }));
     pick(GDT_NONE, {});
     host.clear();
     click(item(225));
-    EXPECT_EQ(host.count("PlaceOrder(1, 1, 100, 0, 0, 3, date(0))"), 1);
+    EXPECT_EQ(host.count("PlaceOrder"), 0);
+    // The row is shown anew, with a date that both agree on.
+    click(item(225));
+    EXPECT_EQ(host.count("PlaceOrder(1, 1, 100, 0, 0, 3,"), 1);
+    EXPECT_EQ(host.count("date(0)"), 0);
     EXPECT_TRUE(asserted().empty());
 }
 

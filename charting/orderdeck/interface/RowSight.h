@@ -70,9 +70,10 @@ using row_differences = std::vector<SRowDifference>;
 // What Buy and Sell offer beside the operations of every field.
 class IPressedButton {
 public:
-    // Sends the order if every visible item of the sight reads as what would be sent. Otherwise nothing goes
-    // out, and what differs is given. Nothing is given either when a message has told the user why. May
-    // show a message and dispatch others. Throws _com_error when a field other than a price lacks its value.
+    // Selects the button, and so sends the order, if every visible item of the sight reads as what would be
+    // sent. Otherwise nothing goes out, and what differs is given. Nothing is given either when a message has
+    // told the user why. May show a message and dispatch others. Throws _com_error when a field other than a
+    // price lacks its value.
     virtual row_differences Press(const CRowSight& sight) = 0;
 
 protected:

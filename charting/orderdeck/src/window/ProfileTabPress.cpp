@@ -44,7 +44,10 @@ CRowSight CProfileTabWindow::_take_sight(OD_UpdateEntity button) {
 void CProfileTabWindow::_press(OD_UpdateEntity button, const boost::shared_ptr<IUnifyControl>& field) {
     const CRowSight sight = _take_sight(button);
     auto* const pressed = dynamic_cast<IPressedButton*>(field.get());
-    BS_REQUIRE(pressed != nullptr, E_POINTER);
+    if (pressed == nullptr) {
+        field->Select(0);
+        return;
+    }
     // What the host does inside the press may end the panel or bring another tab to the front.
     const row_differences differences = pressed->Press(sight);
     if (!differences.empty() && m_hWnd != nullptr && get_Control(button) == field) {

@@ -1,6 +1,7 @@
 #include "charting/orderdeck/src/tab/Controls/BuySellButton.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include "charting/orderdeck/src/tab/Controls/OrderTypeCombo.h"
 #include "charting/orderdeck/src/tab/Controls/Usable.h"
@@ -41,16 +42,33 @@ CString CBuySellButtonBase::_caption(UINT verb) {
            local_format::CNumberFormat::IntegerToText(V_I4(&quantity));
 }
 
-void CBuySellButtonBase::_place_order(LONG action) {
-    _tab()._on_place_order(action);
+row_differences CBuySellButtonBase::Press(const CRowSight& sight) {
+    // A press inside the press has a sight of its own.
+    const CRowSight* const before = std::exchange(m_sight, &sight);
+    m_differences.clear();
+    try {
+        Select(0);
+    } catch (...) {
+        m_sight = before;
+        throw;
+    }
+    m_sight = before;
+    return std::exchange(m_differences, {});
 }
 
-// Looked at again here: the press began on a button that could be used, and the focus has moved since.
-row_differences CBuySellButtonBase::_press(OD_UpdateEntity button, LONG action, const CRowSight& sight) {
-    if (!sight[button].enabled || !get_Enabled()) {
-        return _tab()._refuse_unusable(button, sight);
+void CBuySellButtonBase::_place_order(OD_UpdateEntity button, LONG action) {
+    if (m_sight == nullptr) {
+        _tab()._on_place_order(action);
+        return;
     }
-    return _tab()._on_place_order(action, sight);
+    const CRowSight& sight = *m_sight;
+    // Looked at again: the press began on a button that could be used, and the focus has moved since.
+    if (!sight[button].enabled || !get_Enabled()) {
+        m_differences = _tab()._refuse_unusable(button, sight);
+    } else {
+        row_differences differences = _tab()._on_place_order(action, sight);
+        m_differences = std::move(differences);
+    }
 }
 
 }  // namespace OV_OrderDeck
