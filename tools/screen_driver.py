@@ -52,13 +52,17 @@ class Screen:
         """The visible windows whose properties are as wanted."""
         return [one for one in self.windows() if all(one.get(key) == value for key, value in wanted.items())]
 
-    def orders(self):
+    def log_lines(self):
         """The complete lines of the order log."""
         try:
             with open(self.order_log, encoding="utf-8") as file:
                 return [json.loads(line) for line in file if line.endswith("\n")]
         except FileNotFoundError:
             return []
+
+    def orders(self):
+        """The orders of the log, without the results that the bar got for them."""
+        return [line for line in self.log_lines() if "after" not in line]
 
     def wait(self, what, condition):
         """The first true answer of the condition. Raises ScreenError when none comes."""

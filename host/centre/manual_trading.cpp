@@ -1,10 +1,19 @@
 #include "centre/manual_trading.h"
 
+#include <utility>
+
 #include "com/array.h"
 #include "com/text.h"
 #include "market/validation.h"
 
 namespace host {
+namespace {
+
+std::optional<std::string> shown_text(BSTR text) {
+    return text != nullptr ? std::optional<std::string>(bstr_text(text)) : std::nullopt;
+}
+
+}  // namespace
 
 HRESULT manual_trading::SetAccount(BSTR sAccount) noexcept {
     return guarded([&] {
@@ -42,6 +51,7 @@ HRESULT manual_trading::PlaceOrder(MTPA_OrdrActn action, MTPA_OrdrCtgry category
         request.limit_price = limit_price;
         request.time_in_force = time_in_force;
         request.gtd_date = gtd_date->date;
+        request.seen = std::exchange(m_seen, std::nullopt);
         return place(request);
     });
 }
@@ -53,6 +63,40 @@ HRESULT manual_trading::place(const order_request& request) {
     }
     m_desk.place(request, m_session->accounts, m_session->reject_percent);
     return S_OK;
+}
+
+HRESULT manual_trading::BeforeOrder(const SOrderSight* pSight) noexcept {
+    return guarded([&] {
+        if (pSight == nullptr) {
+            return E_POINTER;
+        }
+        order_sight seen;
+        seen.number = pSight->Number;
+        seen.milliseconds = pSight->Milliseconds;
+        seen.source = static_cast<int>(pSight->Source);
+        seen.symbol = shown_text(pSight->SymbolText);
+        seen.order_type = shown_text(pSight->OrderTypeText);
+        seen.quantity = shown_text(pSight->QuantityText);
+        seen.stop_price = shown_text(pSight->StopPriceText);
+        seen.limit_price = shown_text(pSight->LimitPriceText);
+        seen.account = shown_text(pSight->AccountText);
+        seen.time_in_force = shown_text(pSight->TimeInForceText);
+        seen.date = shown_text(pSight->DateText);
+        seen.button = shown_text(pSight->ButtonText);
+        seen.bid = pSight->Bid;
+        seen.ask = pSight->Ask;
+        seen.quote_age = pSight->QuoteAge;
+        m_seen = std::move(seen);
+        return S_OK;
+    });
+}
+
+HRESULT manual_trading::AfterOrder(LONGLONG number, HRESULT result) noexcept {
+    return guarded([&] {
+        m_seen.reset();
+        m_desk.note_result(number, result);
+        return S_OK;
+    });
 }
 
 HRESULT manual_trading::SetSymbol(SManualSymbol* pSymbol, BSTR sDataFeed) noexcept {

@@ -11,7 +11,7 @@
 
 namespace host {
 
-class manual_trading : public object<ITC_ManualTrading> {
+class manual_trading : public object<ITC_ManualTrading, ITC_OrderSight> {
 public:
     manual_trading(desk& paper, std::shared_ptr<session> shared)
         : m_desk(paper), m_session(std::move(shared)) {}
@@ -28,11 +28,16 @@ public:
     STDMETHODIMP SetSymbol(SManualSymbol* pSymbol, BSTR sDataFeed) noexcept override;
     STDMETHODIMP GetTimeInForces(MTPA_OrdrCtgry category, SAFEARRAY** ppCodes) noexcept override;
 
+    // What is seen goes with the order that follows at once.
+    STDMETHODIMP BeforeOrder(const SOrderSight* pSight) noexcept override;
+    STDMETHODIMP AfterOrder(LONGLONG number, HRESULT result) noexcept override;
+
 private:
     HRESULT place(const order_request& request);
 
     desk& m_desk;
     std::shared_ptr<session> m_session;
+    std::optional<order_sight> m_seen;
 };
 
 }  // namespace host

@@ -47,6 +47,9 @@ public:
     const order& place(const order_request& request, const std::vector<std::string>& accounts,
                        unsigned reject_percent = 0);
 
+    // Writes down what the bar got of the order whose sight had the number.
+    void note_result(long long number, long result) { m_log.write_result(number, result); }
+
     // Writes an order down that can't go to the exchange, and says why.
     void refuse(const order_request& request, const std::string& why);
 

@@ -1,8 +1,11 @@
 // An order of this application's paper exchange.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+
+#include "market/order_sight.h"
 
 namespace host {
 
@@ -49,6 +52,8 @@ struct order_request {
     int time_in_force = 0;
     // OLE date; counts for good-till-date orders only.
     double gtd_date = 0.0;
+    // What its user saw, when the bar told.
+    std::optional<order_sight> seen;
 };
 
 enum class order_status {

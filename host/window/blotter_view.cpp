@@ -31,7 +31,8 @@ std::vector<std::string> cells(const order& one) {
             asked.time_in_force == time_in_force::gtd ? date_text(asked.gtd_date) : std::string(),
             std::string(status_text(one.status)),
             filled,
-            one.reason};
+            one.reason,
+            asked.seen ? sight_text(*asked.seen) : std::string()};
 }
 
 }  // namespace
@@ -51,7 +52,8 @@ blotter_view::blotter_view(HWND parent, int id)
               {"Date", 68},
               {"Status", 68},
               {"Filled", 80},
-              {"Reason", 98}}) {}
+              {"Reason", 98},
+              {"As seen", 150}}) {}
 
 void blotter_view::update(const order& one) {
     int index = m_list.row_of(one.id);

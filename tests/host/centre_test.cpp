@@ -139,6 +139,33 @@ TEST_F(HostCentre, AnOrderGoesOutForTheAccountAndSymbolLastSet) {
     EXPECT_EQ(placed.status, order_status::filled);
 }
 
+TEST_F(HostCentre, AnOrderKeepsWhatItsUserSaw) {
+    set_symbol(m_world.instant(), "ESZ6");
+    const auto paper = trading(m_world.instant());
+    ITC_OrderSight* receiver = nullptr;
+    ASSERT_EQ(paper->QueryInterface(__uuidof(ITC_OrderSight), reinterpret_cast<void**>(&receiver)), S_OK);
+    const ref<ITC_OrderSight> held(receiver, false);
+    const bstr symbol("ESZ6");
+    const bstr quantity("1.5K");
+    SOrderSight sight = {};
+    sight.Number = 31;
+    sight.Source = eODPS_Key;
+    sight.SymbolText = symbol;
+    sight.QuantityText = quantity;
+    EXPECT_EQ(held->BeforeOrder(&sight), S_OK);
+    place(m_world.instant(), 1);
+    EXPECT_EQ(held->AfterOrder(31, S_OK), S_OK);
+    place(m_world.instant(), 1);
+    const std::vector<order>& orders = m_world.paper->orders();
+    ASSERT_EQ(orders.size(), 2u);
+    ASSERT_TRUE(orders[0].request.seen.has_value());
+    EXPECT_EQ(orders[0].request.seen->number, 31);
+    EXPECT_EQ(orders[0].request.seen->source, press_source::key);
+    EXPECT_EQ(sight_text(*orders[0].request.seen), "ESZ6 | 1.5K");
+    EXPECT_FALSE(orders[1].request.seen.has_value()) << "it belongs to one order";
+    EXPECT_EQ(held->BeforeOrder(nullptr), E_POINTER);
+}
+
 TEST_F(HostCentre, ARejectedOrderWasRoutedAllTheSame) {
     trading(m_world.instant())->SetAccount(bstr("nobody"));
     set_symbol(m_world.instant(), "ESZ6");

@@ -38,6 +38,40 @@ TEST(HostOrderLog, ALineHoldsTheSevenArgumentsAsTheyCame) {
     EXPECT_EQ(order_log_line(46346.5, sample()), sample_line);
 }
 
+TEST(HostOrderLog, ALineTellsWhatTheUserSawBesideTheValues) {
+    order_request request = sample();
+    order_sight seen;
+    seen.number = 12;
+    seen.milliseconds = 1790000000123;
+    seen.source = press_source::key;
+    seen.symbol = "ZBZ6";
+    seen.limit_price = "117 11/32";
+    seen.bid = 117.25;
+    seen.ask = 117.5;
+    seen.quote_age = 40;
+    request.seen = seen;
+    const std::string line = order_log_line(46346.5, request);
+    EXPECT_EQ(line.substr(0, line.find(",\"seen\"")) + "}", sample_line);
+    EXPECT_EQ(line.substr(line.find("\"seen\"")),
+              "\"seen\":{\"number\":12,\"utc_milliseconds\":1790000000123,\"source\":\"key\","
+              "\"symbol\":\"ZBZ6\",\"limit_price\":\"117 11/32\",\"bid\":117.25,\"ask\":117.5,"
+              "\"quote_age\":40}}");
+}
+
+TEST(HostOrderLog, AResultHasALineOfItsOwn) {
+    EXPECT_EQ(order_result_line(12, -2147467260), "{\"after\":12,\"result\":-2147467260}");
+}
+
+TEST(HostOrderSight, IsToldInTheOrderOfTheRowWithoutWhatWasNotShown) {
+    order_sight seen;
+    seen.symbol = "ZBZ6";
+    seen.quantity = "1.5K";
+    seen.limit_price = "117 11/32";
+    seen.time_in_force = "DAY";
+    seen.button = "not told";
+    EXPECT_EQ(sight_text(seen), "ZBZ6 | 1.5K | 117 11/32 | DAY");
+}
+
 TEST(HostOrderLog, LinesAreInTheFileAsSoonAsTheyAreWritten) {
     const std::filesystem::path path =
         std::filesystem::temp_directory_path() / (test_support::own_name() + ".jsonl");
