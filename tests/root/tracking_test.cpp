@@ -204,7 +204,7 @@ TEST_F(TrackingTest, AReloadBeforeTheFirstFillEmptiesTheBarAndHasNoCollection) {
 
 TEST_F(TrackingTest, MovedAndUnknownEventsChangeNothing) {
     EXPECT_EQ(fire(eTM_CTOE_Moved, {alpha}), S_OK);
-    for (const LONG unknown : {0, 8, 99, -1, std::numeric_limits<LONG>::max()}) {
+    for (const LONG unknown : {LONG{0}, LONG{8}, LONG{99}, LONG{-1}, std::numeric_limits<LONG>::max()}) {
         EXPECT_EQ(fire(ETM_ChangeTypeOfEvent{unknown}, {alpha}), S_OK) << unknown;
     }
     EXPECT_THAT(host.calls(), IsEmpty());

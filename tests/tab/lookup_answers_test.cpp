@@ -42,7 +42,7 @@ TEST_F(symbol_control, by_name_stores_what_is_selected_or_not_supported_and_neve
 
 TEST_F(symbol_control, a_result_with_no_name_changes_and_asks_nothing) {
     disconnect();
-    for (const LONG number : {7, 4, -1, std::numeric_limits<LONG>::max(), std::numeric_limits<LONG>::min()}) {
+    for (const LONG number : {7, 4, -1, 0x7FFFFFFF, -0x7FFFFFFF}) {
         answer(OD_LookupResult{number});
         control().LookupByText(L"typed", true, false);
         control().LookupByName(L"name");

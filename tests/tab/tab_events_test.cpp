@@ -177,7 +177,7 @@ TEST_F(events, connecting_changes_the_picture_of_the_connection_only) {
 }
 
 TEST_F(events, any_other_state_reloads_the_lists_and_names_nothing) {
-    for (const LONG state : {0, 1, 255, 513, 1023, 0x400, -1, std::numeric_limits<LONG>::max()}) {
+    for (const LONG state : {0, 1, 255, 513, 1023, 0x400, -1, 0x7FFFFFFF}) {
         reset_record();
         EXPECT_EQ(0, tab->OnConnectionState(ETM_ConnectionChanged{state}));
         EXPECT_EQ(followed_by(lists_reloaded, "TabCtrl.Update(1, 0x0)"), host.calls()) << state;
