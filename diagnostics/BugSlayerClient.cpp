@@ -115,6 +115,9 @@ HRESULT BugSlayerClient::TraceEnabled() noexcept {
 }
 
 com_ptr<IDebugObject> BugSlayerClient::ReadyObject() noexcept {
+    if (platform::process_is_ending()) {
+        return {};
+    }
     const std::lock_guard guard(m_lock);
     Initialize();
     return ready ? debugObject : com_ptr<IDebugObject>();
@@ -137,16 +140,23 @@ void BugSlayerClient::Act(HRESULT result, UINT exitCode) noexcept {
 
 void BugSlayerClient::CleanUp() noexcept {
     const platform::last_error_keeper keeper;
+    if (platform::process_is_ending()) {
+        // The other threads ended wherever they were, a lock in their hands perhaps, and the library's own
+        // data may be gone already: no lock is taken, and the library is not called any more.
+        Forget();
+        return;
+    }
     const std::lock_guard guard(m_lock);
     remove_crash_handlers();
-    // In a process that ends the library's own data may be gone already: it is not called any more.
-    const bool alive = !platform::process_is_ending();
-    if (ready && alive) {
+    if (ready) {
         debugObject->Command(nullptr, L"DEINIT", nullptr, 0);
         debugObject.reset();
-    } else {
-        debugObject.detach();
     }
+    Forget();
+}
+
+void BugSlayerClient::Forget() noexcept {
+    debugObject.detach();
     ready = false;
     initTried = true;
 }

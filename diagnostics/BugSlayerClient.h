@@ -34,14 +34,16 @@ public:
 
     virtual ~BugSlayerClient() = default;
 
-    // The library's object, connecting first if needed; null while there is none.
+    // The library's object, connecting first if needed; null while there is none, and in a process that
+    // ends.
     com_ptr<IDebugObject> ReadyObject() noexcept;
 
     // Does what the result of a report asks for: 1 breaks, 0x80004004 says "DEINIT" and ends this process
     // with the exit code, anything else does nothing.
     void Act(HRESULT result, UINT exitCode = static_cast<UINT>(-1)) noexcept;
 
-    // Lets the library go for good; nothing is reported from then on.
+    // Takes the crash handlers away and lets the library go for good; nothing is reported from then on. In
+    // a process that ends it takes no lock and only forgets the library.
     void CleanUp() noexcept;
 
 protected:
@@ -55,6 +57,7 @@ private:
     HRESULT Connect() noexcept;
     HRESULT SendIdentity() noexcept;
     void GiveUp() noexcept;
+    void Forget() noexcept;
 
     // Held again by its owner when the library or a message box leads back here.
     std::recursive_mutex m_lock;

@@ -5,6 +5,7 @@
 
 #include "diagnostics/BugSlayerClient.h"
 #include "diagnostics/exception_report.h"
+#include "diagnostics/handler_chain.h"
 #include "platform/crash.h"
 #include "platform/process.h"
 
@@ -15,11 +16,12 @@ constexpr DWORD invalid_parameter_code = 0xC000000D;
 
 // The handlers that ours go on to. Never destroyed: a thread may crash to the very end.
 struct previous_handlers {
+    // Guards what follows but the chains, which guard themselves.
     std::mutex lock;
     bool installed = false;
-    platform::unhandled_filter filter = nullptr;
-    platform::invalid_parameter_handler handler = nullptr;
-    std::map<DWORD, platform::se_translator> translators;  // by thread id
+    std::map<DWORD, handler_chain<platform::se_translator>> translators;  // by thread id
+    handler_chain<platform::unhandled_filter> filters;
+    handler_chain<platform::invalid_parameter_handler> handlers;
 };
 
 previous_handlers& previous() {
@@ -27,54 +29,69 @@ previous_handlers& previous() {
     return handlers;
 }
 
-template <class T>
-T read(T previous_handlers::*member) noexcept {
-    const std::lock_guard guard(previous().lock);
-    return previous().*member;
-}
-
 LONG STDMETHODCALLTYPE on_unhandled(_EXCEPTION_POINTERS* pointers) {
-    platform::with_copy_of(
-        pointers,
-        [](const platform::exception_block& block, void*) noexcept {
-            report_exception(unhandled_exception, block);
-        },
-        nullptr);
-    const platform::unhandled_filter next = read(&previous_handlers::filter);
+    handler_chain<platform::unhandled_filter>::call call(previous().filters);
+    if (!call.again()) {
+        platform::with_copy_of(
+            pointers,
+            [](const platform::exception_block& block, void*) noexcept {
+                report_exception(unhandled_exception, block);
+            },
+            nullptr);
+    }
+    const platform::unhandled_filter next = call.next();
     return next != nullptr ? next(pointers) : 0;
 }
 
 void on_invalid_parameter(const wchar_t* expression, const wchar_t* function, const wchar_t* file,
                           unsigned line, std::uintptr_t reserved) {
-    platform::with_context_of_this_thread(
-        invalid_parameter_code,
-        [](const platform::exception_block& block, void*) noexcept {
-            Client::Get().Act(report_exception(invalid_parameter, block), invalid_parameter_code);
-        },
-        nullptr);
-    if (const auto next = read(&previous_handlers::handler)) {
+    handler_chain<platform::invalid_parameter_handler>::call call(previous().handlers);
+    if (!call.again()) {
+        platform::with_context_of_this_thread(
+            invalid_parameter_code,
+            [](const platform::exception_block& block, void*) noexcept {
+                Client::Get().Act(report_exception(invalid_parameter, block), invalid_parameter_code);
+            },
+            nullptr);
+    }
+    if (const auto next = call.next()) {
         next(expression, function, file, line, reserved);
     }
 }
 
-platform::se_translator translator_of_this_thread() noexcept {
+handler_chain<platform::se_translator>* translators_of_this_thread() noexcept {
     const std::lock_guard guard(previous().lock);
     const auto found = previous().translators.find(GetCurrentThreadId());
-    return found == previous().translators.end() ? nullptr : found->second;
+    return found == previous().translators.end() ? nullptr : &found->second;
 }
 
 // Ours only stands in the row: what nobody translates reaches the filter, which reports it.
 void on_structured_exception(unsigned code, _EXCEPTION_POINTERS* pointers) {
-    if (const auto next = translator_of_this_thread()) {
+    auto* const chain = translators_of_this_thread();
+    if (chain == nullptr) {
+        return;
+    }
+    handler_chain<platform::se_translator>::call call(*chain);
+    if (const auto next = call.next()) {
         next(code, pointers);
     }
 }
 
-void install_translator(previous_handlers& handlers) {
-    platform::se_translator& known = handlers.translators[GetCurrentThreadId()];
-    const platform::se_translator before = platform::set_se_translator(&on_structured_exception);
-    if (before != &on_structured_exception) {
-        known = before;
+// Puts ours in place and the one before into the chain, unless that is ours.
+template <class Handler>
+void take_place(handler_chain<Handler>& chain, Handler (*set)(Handler), Handler ours) noexcept {
+    if (const Handler before = set(ours); before != ours) {
+        chain.put(before);
+    }
+}
+
+// Gives the place back where ours is still in it.
+template <class Handler>
+void leave_place(handler_chain<Handler>& chain, Handler (*set)(Handler), Handler ours) noexcept {
+    if (const Handler present = set(chain.latest()); present != ours) {
+        set(present);
+    } else {
+        chain.clear();
     }
 }
 
@@ -82,18 +99,16 @@ void install_translator(previous_handlers& handlers) {
 
 void install_crash_handlers() noexcept {
     const platform::last_error_keeper keeper;
+    // Its clean-up at the module's end is what takes the handlers away again.
+    Client::Get();
     try {
         previous_handlers& handlers = previous();
         const std::lock_guard guard(handlers.lock);
         handlers.installed = true;
-        if (const auto filter = platform::set_unhandled_filter(&on_unhandled); filter != &on_unhandled) {
-            handlers.filter = filter;
-        }
-        if (const auto handler = platform::set_invalid_parameter_handler(&on_invalid_parameter);
-            handler != &on_invalid_parameter) {
-            handlers.handler = handler;
-        }
-        install_translator(handlers);
+        take_place(handlers.filters, platform::set_unhandled_filter, &on_unhandled);
+        take_place(handlers.handlers, platform::set_invalid_parameter_handler, &on_invalid_parameter);
+        take_place(handlers.translators[GetCurrentThreadId()], platform::set_se_translator,
+                   &on_structured_exception);
     } catch (...) {
         // Out of memory: the thread runs without a translator of ours.
         return;
@@ -106,14 +121,9 @@ void remove_crash_handlers() noexcept {
     if (!handlers.installed) {
         return;
     }
-    const auto filter = platform::set_unhandled_filter(handlers.filter);
-    if (filter != &on_unhandled) {
-        platform::set_unhandled_filter(filter);
-    }
-    const auto handler = platform::set_invalid_parameter_handler(handlers.handler);
-    if (handler != &on_invalid_parameter) {
-        platform::set_invalid_parameter_handler(handler);
-    }
+    handlers.installed = false;
+    leave_place(handlers.filters, platform::set_unhandled_filter, &on_unhandled);
+    leave_place(handlers.handlers, platform::set_invalid_parameter_handler, &on_invalid_parameter);
 }
 
 }  // namespace BugSlayerUtil

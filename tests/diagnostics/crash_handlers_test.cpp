@@ -46,7 +46,40 @@ void other_threads_translator(unsigned code, _EXCEPTION_POINTERS*) {
 }
 
 LONG STDMETHODCALLTYPE earlier_filter(_EXCEPTION_POINTERS*) {
+    chained().push_back(L"earlier filter");
     return 0;
+}
+
+// Handlers that come later than ours and go on to what they found, as they should.
+platform::invalid_parameter_handler below_later_handler = nullptr;
+platform::unhandled_filter below_later_filter = nullptr;
+platform::se_translator below_later_translator = nullptr;
+
+void later_invalid_parameter(const wchar_t* expression, const wchar_t* function, const wchar_t* file,
+                             unsigned line, std::uintptr_t reserved) {
+    chained().push_back(L"later");
+    below_later_handler(expression, function, file, line, reserved);
+}
+
+LONG STDMETHODCALLTYPE later_filter(_EXCEPTION_POINTERS* pointers) {
+    chained().push_back(L"later filter");
+    return below_later_filter(pointers);
+}
+
+void later_translator(unsigned code, _EXCEPTION_POINTERS* pointers) {
+    chained().push_back(L"later " + std::to_wstring(code));
+    below_later_translator(code, pointers);
+}
+
+// Calls a filter as the system does for an exception here.
+void fall_into(platform::unhandled_filter filter) {
+    platform::with_context_of_this_thread(
+        1,
+        [](const platform::exception_block& block, void* argument) noexcept {
+            const auto called = reinterpret_cast<platform::unhandled_filter>(argument);
+            called(static_cast<_EXCEPTION_POINTERS*>(const_cast<void*>(block.pointers)));
+        },
+        reinterpret_cast<void*>(filter));
 }
 
 class CrashHandlers : public testing::Test {
@@ -75,6 +108,12 @@ platform::invalid_parameter_handler installed_parameter_handler() {
     const auto handler = platform::set_invalid_parameter_handler(nullptr);
     platform::set_invalid_parameter_handler(handler);
     return handler;
+}
+
+platform::unhandled_filter installed_filter() {
+    const auto filter = platform::set_unhandled_filter(nullptr);
+    platform::set_unhandled_filter(filter);
+    return filter;
 }
 
 TEST_F(CrashHandlers, ReportARefusedArgumentAsAnExceptionAndGoOnToTheEarlierHandler) {
@@ -107,6 +146,45 @@ TEST_F(CrashHandlers, InstalledAgainDoNotGoOnToThemselves) {
     installed_parameter_handler()(L"buffer", L"copy", L"copy.c", 12, 0);
     EXPECT_EQ(chained().size(), 1u);
     EXPECT_EQ(recorder.records().size(), 1u);
+}
+
+TEST_F(CrashHandlers, InstalledOverALaterHandlerThatGoesOnToThemMakeNoRing) {
+    install_crash_handlers();
+    below_later_handler = platform::set_invalid_parameter_handler(&later_invalid_parameter);
+    below_later_filter = platform::set_unhandled_filter(&later_filter);
+    std::thread([] { install_crash_handlers(); }).join();
+    installed_parameter_handler()(L"buffer", L"copy", L"copy.c", 12, 0);
+    EXPECT_EQ(chained(), (Texts{L"later", L"buffer copy copy.c 12"}));
+    EXPECT_EQ(recorder.records().size(), 1u);
+    chained().clear();
+    fall_into(installed_filter());
+    EXPECT_EQ(chained(), (Texts{L"later filter", L"earlier filter"}));
+    EXPECT_EQ(recorder.records().size(), 2u);
+    chained().clear();
+    // Each call goes the whole way, not only the first.
+    installed_parameter_handler()(L"buffer", L"copy", L"copy.c", 13, 0);
+    EXPECT_EQ(chained(), (Texts{L"later", L"buffer copy copy.c 13"}));
+}
+
+TEST_F(CrashHandlers, GoOnOnceToAHandlerThatIsFoundAgain) {
+    for (int i = 0; i < 20; ++i) {
+        install_crash_handlers();
+        platform::set_invalid_parameter_handler(&earlier_invalid_parameter);
+        platform::set_unhandled_filter(&earlier_filter);
+    }
+    install_crash_handlers();
+    installed_parameter_handler()(L"buffer", L"copy", L"copy.c", 12, 0);
+    fall_into(installed_filter());
+    EXPECT_EQ(chained(), (Texts{L"buffer copy copy.c 12", L"earlier filter"}));
+}
+
+TEST_F(CrashHandlers, MakeNoRingOfTranslators) {
+    platform::set_se_translator(&earlier_translator);
+    install_crash_handlers();
+    below_later_translator = platform::set_se_translator(&later_translator);
+    install_crash_handlers();
+    platform::set_se_translator(nullptr)(5, nullptr);
+    EXPECT_EQ(chained(), (Texts{L"later 5", L"earlier 5"}));
 }
 
 TEST_F(CrashHandlers, AreInstalledFromManyThreadsAtOnce) {

@@ -1,7 +1,9 @@
 // Answers that end the process, and crashes: each in a process of its own.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <iostream>
+#include <thread>
 
 #include "diagnostics/BugSlayerClient.h"
 #include "diagnostics/BugSlayerUtil.h"
@@ -171,6 +173,31 @@ CHILD_MAIN(ends_as_it_should) {
 TEST(ProcessEnd, OfItselfTakesLeaveOfTheLibrary) {
     child_process child("ends_as_it_should");
     EXPECT_EQ(lines_of(child), (Lines{"CREATE", "FILTER", "PROCESS", "RELEASE", "DEINIT"}));
+    EXPECT_EQ(child.wait(), 0);
+}
+
+void refuse_argument(const wchar_t*, const wchar_t*, const wchar_t*, unsigned, std::uintptr_t) {}
+
+// Says whether the handlers that were there before ours are back. What runs at the exit runs in the reverse
+// of the order in which it was asked for, so this comes after the clean-up.
+void tell_handlers() {
+    const bool filter = platform::set_unhandled_filter(nullptr) == &last_filter;
+    const bool handler = platform::set_invalid_parameter_handler(nullptr) == &refuse_argument;
+    std::cout << (filter ? "earlier filter, " : "our filter, ")
+              << (handler ? "earlier handler\n" : "our handler\n") << std::flush;
+}
+
+CHILD_MAIN(has_a_worker_and_nothing_to_report) {
+    platform::set_unhandled_filter(&last_filter);
+    platform::set_invalid_parameter_handler(&refuse_argument);
+    std::atexit(&tell_handlers);
+    std::thread([] { BugSlayerUtil::install_crash_handlers(); }).join();
+    return 0;
+}
+
+TEST(ProcessEnd, PutsTheEarlierHandlersBackThoughNothingWasReported) {
+    child_process child("has_a_worker_and_nothing_to_report");
+    EXPECT_EQ(child.read_line(), "earlier filter, earlier handler");
     EXPECT_EQ(child.wait(), 0);
 }
 
