@@ -13,6 +13,8 @@
 #include <vector>
 
 #include "diagnostics/BugSlayerClient.h"
+#include "diagnostics/BugSlayerUtil.h"
+#include "diagnostics/crash_handlers.h"
 #include "tests/diagnostics/named_event.h"
 #include "tests/support/own_names.h"
 
@@ -22,10 +24,44 @@ namespace {
 thread_local std::string looked_for;
 std::atomic<int> waiting{0};
 
+constexpr char event_path[] = "/{61B26D6F-EC96-46da-A875-239EED43DF17}";
+
 TEST(AttachEvent, IsLookedForByWhoeverWantsTheClient) {
     looked_for.clear();
     BugSlayerUtil::Client::Get();
-    EXPECT_EQ(looked_for, "/{61B26D6F-EC96-46da-A875-239EED43DF17}");
+    EXPECT_EQ(looked_for, event_path);
+}
+
+TEST(AttachEvent, IsLookedForByAnExpressionThatFailsAndByNoOther) {
+    looked_for.clear();
+    EXPECT_TRUE(BS_ASSERT(1 + 1 == 2));
+    EXPECT_TRUE(BS_ASSERT_OK(S_OK));
+    BS_REQUIRE(1 + 1 == 2, E_FAIL);
+    EXPECT_EQ(looked_for, "");
+    EXPECT_FALSE(BS_ASSERT(1 + 1 == 3));
+    EXPECT_EQ(looked_for, event_path);
+    looked_for.clear();
+    EXPECT_FALSE(BS_ASSERT_OK(E_FAIL));
+    EXPECT_EQ(looked_for, event_path);
+}
+
+TEST(AttachEvent, IsLookedForWhereATraceIsWrittenAndAnExceptionCaught) {
+    looked_for.clear();
+    BugSlayerUtil::tracef(BS_HERE, "work");
+    EXPECT_EQ(looked_for, event_path);
+    looked_for.clear();
+    BugSlayerUtil::guard(BS_HERE, [] { throw 1; });
+    EXPECT_EQ(looked_for, event_path);
+}
+
+TEST(AttachEvent, IsLookedForWhereCrashHandlersAreInstalled) {
+    std::string seen;
+    std::thread([&] {
+        BugSlayerUtil::install_crash_handlers();
+        seen = looked_for;
+    }).join();
+    BugSlayerUtil::remove_crash_handlers();
+    EXPECT_EQ(seen, event_path);
 }
 
 TEST(AttachEvent, LetsNobodyOnBeforeItIsSignalled) {
