@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 
 #include "platform/text.h"
 
@@ -38,10 +39,26 @@ private:
     std::map<_bstr_t, _bstr_t> m_feeds;
 };
 
+// Called while an exception of the construction is handled: goes on with it unless it says that the settings
+// have no root, which is reported once in a process.
+void accept_missing_root();
+
 }  // namespace details
 
 // T is what the names belong to; it changes nothing.
 template <class T>
 class CProfileDataFeedAssociation : public details::ProfileVsDataFeedAssociations {};
+
+// The association, or null in a program without a settings root, where no plug-in has a feed: that program's
+// orders go out all the same. Throws _com_error with E_OUTOFMEMORY.
+template <class T>
+std::unique_ptr<const CProfileDataFeedAssociation<T>> association_if_rooted() {
+    try {
+        return std::make_unique<const CProfileDataFeedAssociation<T>>();
+    } catch (const _com_error&) {
+        details::accept_missing_root();
+        return {};
+    }
+}
 
 }  // namespace Unicomp

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <new>
 
 #include "diagnostics/BugSlayerUtil.h"
@@ -161,6 +162,20 @@ _bstr_t ProfileVsDataFeedAssociations::DetectDataFeedByPluginName(const _bstr_t&
 
 bool ProfileVsDataFeedAssociations::HasPluginName(const _bstr_t& plugin) const {
     return std::ranges::any_of(m_feeds, [&](const auto& row) { return row.first == plugin; });
+}
+
+void accept_missing_root() {
+    try {
+        throw;
+    } catch (const _com_error& error) {
+        if (error.Error() != E_FAIL) {
+            throw;
+        }
+        static std::atomic_flag reported;
+        if (!reported.test_and_set()) {
+            BugSlayerUtil::assertion(BS_HERE, "!root.empty()", error.Error());
+        }
+    }
 }
 
 }  // namespace Unicomp::details

@@ -40,12 +40,18 @@ CLookupImpl::~CLookupImpl() {
 }
 
 bool CLookupImpl::_is_supported() const {
-    return isDataFeed || association.HasPluginName(pluginName);
+    return isDataFeed || _is_known(pluginName);
+}
+
+bool CLookupImpl::_is_known(const _bstr_t& plugin) const {
+    return association && association->HasPluginName(plugin);
 }
 
 CString CLookupImpl::_data_feed() const {
-    const _bstr_t feed = isDataFeed ? pluginName : association.DetectDataFeedByPluginName(pluginName);
-    return platform::text_of(feed);
+    if (isDataFeed) {
+        return platform::text_of(pluginName);
+    }
+    return association ? platform::text_of(association->DetectDataFeedByPluginName(pluginName)) : CString();
 }
 
 // The currency stays the caller's: nothing is known of it.
@@ -152,7 +158,7 @@ STDMETHODIMP CLookupImpl::GetSymbolInfoByReq(OD_SSymbolReq* pReq, OD_SSymbolInfo
         if (pReq == nullptr || pVal == nullptr || pRes == nullptr) {
             return E_INVALIDARG;
         }
-        if (!association.HasPluginName(pluginName)) {
+        if (!_is_known(pluginName)) {
             *pRes = eODLR_NotSupported;
             _fill_defaults(nullptr, *pVal);
             return S_OK;
@@ -177,7 +183,7 @@ STDMETHODIMP CLookupImpl::IsPluginSupported(BSTR sName, VARIANT_BOOL* pRes) noex
             return S_FALSE;
         }
         const _bstr_t plugin = is_empty(sName) ? pluginName : _bstr_t(sName);
-        *pRes = association.HasPluginName(plugin) ? VARIANT_TRUE : VARIANT_FALSE;
+        *pRes = _is_known(plugin) ? VARIANT_TRUE : VARIANT_FALSE;
         return S_OK;
     });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <mutex>
 
 #include "OrderDeck.h"
@@ -12,8 +13,8 @@ namespace OV_OrderDeck {
 
 // The lookup service: from a name, an id or a request to one symbol, by the host's tables or its dialog.
 // Called on one thread at a time, on which the dialog is shown and a request is searched for; names and
-// ids are searched for on a worker thread of its own, which the first of them starts. The construction
-// throws what the association throws.
+// ids are searched for on a worker thread of its own, which the first of them starts. In a program without a
+// settings root no plug-in has a data feed. The construction throws _com_error with E_OUTOFMEMORY.
 class CLookupImpl : public platform::com_root<IOD_LookupImpl> {
 public:
     ~CLookupImpl() override;
@@ -31,6 +32,8 @@ public:
 
 private:
     bool _is_supported() const;
+    // Whether the association has it.
+    bool _is_known(const _bstr_t& plugin) const;
     CString _data_feed() const;
     void _fill_defaults(const wchar_t* name, OD_SSymbolInfo& info) const;
     void _get_symbol_info(BSTR name, LONG mode, OD_SSymbolInfo* selected, OD_SSymbolInfo& info,
@@ -57,7 +60,9 @@ protected:
     _bstr_t pluginName;
     LONG hParent = 0;
     LocalRPC::CActiveObject_thread activeObject{0};
-    Unicomp::CProfileDataFeedAssociation<IUnknown> association;
+    // Null in a program without a settings root.
+    const std::unique_ptr<const Unicomp::CProfileDataFeedAssociation<IUnknown>> association =
+        Unicomp::association_if_rooted<IUnknown>();
     bool instrumentDialog = false;
     bool isDataFeed = false;
     com_ptr<IOD_LookupFilter> filter;

@@ -108,6 +108,10 @@ void COrderDeckObj::_serialization(const std::function<void()>& action) {
 // Deletes first and writes then, so a close that is interrupted leaves a shorter list and never a mix.
 void COrderDeckObj::_serialize_impl(const remembered_profiles& records) {
     const CString& path = _get_registry_path();
+    if (path.empty()) {
+        // A program without a name has no place of its own, and the root of the user's settings is nobody's.
+        return;
+    }
     _serialize_tab_ctrl(path);
     const CString sProfilesFullPath = path + ProfilesKey;
     const LONG deleted = registry_key::DeleteTree(HKEY_CURRENT_USER, sProfilesFullPath);
@@ -146,7 +150,8 @@ void COrderDeckObj::_deserialize_tab_ctrl(const CString& path) {
 void COrderDeckObj::_deserialize_impl() {
     remembered_profiles records;
     registry_key profiles;
-    if (profiles.Open(HKEY_CURRENT_USER, _get_registry_path() + ProfilesKey, KEY_READ) == ERROR_SUCCESS) {
+    const CString& path = _get_registry_path();
+    if (!path.empty() && profiles.Open(HKEY_CURRENT_USER, path + ProfilesKey, KEY_READ) == ERROR_SUCCESS) {
         DWORD index = 0;
         for (; index < MaxProfiles; ++index) {
             CString name;
