@@ -2,22 +2,15 @@
 
 #include <utility>
 
+#include "platform/win32/window_class.h"
+
 namespace platform {
 namespace {
-
-constexpr wchar_t ClassName[] = L"OrderDeck.MessageTarget";
 
 struct target_data {
     message_target::handler handle;
     void* context;
 };
-
-HINSTANCE this_module() noexcept {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<LPCWSTR>(&this_module), &module);
-    return module;
-}
 
 LRESULT CALLBACK target_procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCCREATE) {
@@ -37,21 +30,13 @@ LRESULT CALLBACK target_procedure(HWND window, UINT message, WPARAM wParam, LPAR
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-// The class belongs to this module: another module with the same code must not get our procedure.
-bool register_target_class() noexcept {
-    WNDCLASSEXW wc{};
-    wc.cbSize = sizeof(wc);
-    wc.lpfnWndProc = target_procedure;
-    wc.hInstance = this_module();
-    wc.lpszClassName = ClassName;
-    return RegisterClassExW(&wc) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
-}
+window_class the_class(L"OrderDeck.MessageTarget", &target_procedure);
 
 }  // namespace
 
 bool message_target::Create(handler handle, void* context) noexcept {
     Destroy();
-    if (!register_target_class()) {
+    if (!the_class.Register()) {
         return false;
     }
     auto* const data = new (std::nothrow) target_data{handle, context};
@@ -59,7 +44,8 @@ bool message_target::Create(handler handle, void* context) noexcept {
         SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         return false;
     }
-    m_handle = CreateWindowExW(0, ClassName, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, this_module(), data);
+    m_handle = CreateWindowExW(0, the_class.name(), L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                               window_class::module(), data);
     // A window that was refused before its first message never took the data over; one that was refused
     // later has deleted it. The first can't be told from the second, and neither happens to a
     // message-only window of a registered class, so the few bytes are let go.

@@ -10,7 +10,6 @@ namespace OV_OrderDeck {
 
 namespace {
 
-const wchar_t bar_class[] = L"OrderDeckRangeBar";
 constexpr int up_id = 10001;
 constexpr int down_id = 10002;
 constexpr UINT quotes_title = 140;
@@ -76,6 +75,8 @@ void CRangeArrow::_set_hot(bool hot) {
     }
 }
 
+platform::window_class RangeBar::s_class(L"OrderDeckRangeBar", &RangeBar::procedure);
+
 RangeBar::RangeBar(AskBidButtonImpl& owner, const CAskBidPrices& market)
     : m_owner(&owner), m_ladder(market) {}
 
@@ -84,15 +85,9 @@ RangeBar::~RangeBar() {
 }
 
 bool RangeBar::Create(HWND button) {
-    WNDCLASSEXW description = {};
-    description.cbSize = sizeof(description);
-    description.lpfnWndProc = &RangeBar::procedure;
-    description.hInstance = frame::module_instance();
-    description.hCursor = ::LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));
-    description.lpszClassName = bar_class;
-    ::RegisterClassExW(&description);
+    s_class.Register();
     const CString title = resource_string::text(quotes_title);
-    ::CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, bar_class, title.c_str(),
+    ::CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, s_class.name(), title.c_str(),
                       WS_POPUP | WS_DISABLED | WS_CLIPCHILDREN, 0, 0, 0, 0, ::GetAncestor(button, GA_ROOT),
                       nullptr, frame::module_instance(), this);
     return m_hWnd != nullptr;

@@ -6,6 +6,7 @@
 
 #include "charting/orderdeck/src/window/RangeLadder.h"
 #include "platform/win32/frame/subclassed_window.h"
+#include "platform/win32/window_class.h"
 #include "unicomp/wtlcontrols/buttonst/MemoryDCEx.h"
 
 namespace OV_OrderDeck {
@@ -80,6 +81,8 @@ private:
     void _resize();
     void _focus_owner();
     void _set_hot_row(LONG row);
+
+    static platform::window_class s_class;
 
     HWND m_hWnd = nullptr;
     AskBidButtonImpl* m_owner;
