@@ -1,12 +1,14 @@
 #include "charting/orderdeck/src/window/TabStrip.h"
 
 #include <algorithm>
+#include <new>
 
 namespace OV_OrderDeck {
 
 namespace {
 
 constexpr int longest_text = 1024;
+constexpr std::size_t first_room = 16;
 
 LONG id_of(const TCITEMW& item) {
     return (item.mask & TCIF_PARAM) != 0 ? static_cast<LONG>(item.lParam) : 0;
@@ -14,26 +16,67 @@ LONG id_of(const TCITEMW& item) {
 
 }  // namespace
 
-BOOL CTabStrip::ProcessWindowMessage(HWND, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT& lResult, DWORD) {
-    if (uMsg == WM_NCDESTROY) {
-        m_ids.clear();
-        m_current_id = 0;
-    }
-    // The item of either form of the message has its mask and its parameter at the same places.
-    const bool inserts = uMsg == TCM_INSERTITEMW || uMsg == TCM_INSERTITEMA;
-    if (!inserts && uMsg != TCM_DELETEITEM && uMsg != TCM_DELETEALLITEMS && uMsg != TCM_SETCURSEL) {
+BOOL CTabStrip::ProcessWindowMessage(HWND, UINT uMsg, WPARAM wParam, LPARAM lParam, LRESULT& lResult,
+                                     DWORD dwMsgMapID) {
+    if (!BS_ASSERT_TEXT(dwMsgMapID == 0, "0")) {
         return FALSE;
     }
-    lResult = DefWindowProc(uMsg, wParam, lParam);
-    if (inserts && lResult != -1) {
-        m_ids.insert(m_ids.begin() + lResult, id_of(*reinterpret_cast<const TCITEMW*>(lParam)));
-    } else if (uMsg == TCM_DELETEITEM && lResult != FALSE) {
-        m_ids.erase(m_ids.begin() + static_cast<std::ptrdiff_t>(wParam));
-    } else if (uMsg == TCM_DELETEALLITEMS && lResult != FALSE) {
-        m_ids.clear();
+    return frame::take(frame::guarded(BS_HERE, [&] { return _dispatch(uMsg, wParam, lParam); }), lResult);
+}
+
+frame::answer CTabStrip::_dispatch(UINT uMsg, WPARAM wParam, LPARAM lParam) {
+    LRESULT result = 0;
+    switch (uMsg) {
+        case WM_NCDESTROY:
+            m_ids.clear();
+            m_current_id = 0;
+            return frame::declined;
+        case TCM_INSERTITEMW:
+        case TCM_INSERTITEMA:
+            result = _insert(uMsg, wParam, lParam);
+            break;
+        case TCM_DELETEITEM:
+            if (result = DefWindowProc(uMsg, wParam, lParam); result != FALSE) {
+                m_ids.erase(m_ids.begin() + static_cast<std::ptrdiff_t>(wParam));
+            }
+            break;
+        case TCM_DELETEALLITEMS:
+            if (result = DefWindowProc(uMsg, wParam, lParam); result != FALSE) {
+                m_ids.clear();
+            }
+            break;
+        case TCM_SETCURSEL:
+            result = DefWindowProc(uMsg, wParam, lParam);
+            break;
+        default:
+            return frame::declined;
     }
     OnSelChange();
-    return TRUE;
+    return result;
+}
+
+// The id's room is made before the control takes the item, so that the two never part when memory is out.
+LRESULT CTabStrip::_insert(UINT uMsg, WPARAM wParam, LPARAM lParam) {
+    if (!_make_room()) {
+        return -1;
+    }
+    const LRESULT index = DefWindowProc(uMsg, wParam, lParam);
+    if (index != -1) {
+        // The item of either form of the message has its mask and its parameter at the same places.
+        m_ids.insert(m_ids.begin() + index, id_of(*reinterpret_cast<const TCITEMW*>(lParam)));
+    }
+    return index;
+}
+
+bool CTabStrip::_make_room() {
+    try {
+        if (m_ids.size() == m_ids.capacity()) {
+            m_ids.reserve(std::max(first_room, 2 * m_ids.size()));
+        }
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 int CTabStrip::get_Count() const {

@@ -48,6 +48,11 @@ public:
                               DWORD dwMsgMapID) override;
 
 private:
+    frame::answer _dispatch(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    LRESULT _insert(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    // For one more id. False when memory is out.
+    bool _make_room();
+
     // From the left.
     std::vector<LONG> m_ids;
     LONG m_current_id = 0;
