@@ -128,7 +128,7 @@ TEST_F(ThreadTransport, ABusyWorkerIsEndedByForceWhenThereIsNoTimeAndTheResultIs
 
 TEST_F(ThreadTransport, AFiniteTimeoutLetsAnIdleWorkerEndByItself) {
     SyncCall(*m_thread, [] {});
-    EXPECT_TRUE(m_thread->StopEx(true, 60000, true));
+    EXPECT_TRUE(m_thread->StopEx(true, 600000, true));
     EXPECT_FALSE(m_thread->IsStarted());
     EXPECT_EQ(m_recorder.records().size(), 0u);
 }

@@ -46,7 +46,7 @@ void pump() {
 }
 
 bool pump_until(const std::function<bool()>& condition) {
-    const ULONGLONG end = GetTickCount64() + 20000;
+    const ULONGLONG end = GetTickCount64() + 300000;
     while (!condition()) {
         const ULONGLONG now = GetTickCount64();
         if (now >= end) {

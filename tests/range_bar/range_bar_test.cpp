@@ -215,7 +215,7 @@ TEST_F(RangeBarWindow, AnotherApplicationThatComesToTheFrontHidesIt) {
     open();
     owner.focused.clear();
     SetForegroundWindow(other.top_window());
-    const ULONGLONG end = GetTickCount64() + 20000;
+    const ULONGLONG end = GetTickCount64() + 300000;
     while (IsWindowVisible(bar()) && GetTickCount64() < end) {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 1000, QS_ALLINPUT);
         pump();

@@ -201,7 +201,7 @@ void bar_test::pump() {
 }
 
 bool bar_test::pump_until(const std::function<bool()>& condition) {
-    const ULONGLONG end = GetTickCount64() + 20000;
+    const ULONGLONG end = GetTickCount64() + 300000;
     while (!condition()) {
         const ULONGLONG now = GetTickCount64();
         if (now >= end) {

@@ -44,7 +44,7 @@ public:
         s_choose = std::move(choose);
         s_lines.clear();
         s_seen = 0;
-        s_deadline = GetTickCount64() + 20000;
+        s_deadline = GetTickCount64() + 300000;
         s_timer = SetTimer(nullptr, 0, 20, &menu_user::look);
     }
     static const std::vector<menu_line>& lines() { return s_lines; }
