@@ -1,6 +1,7 @@
 """The order bar and its host in a script's words, over the screen's own."""
 
 import collections
+import datetime
 import json
 import os
 import shutil
@@ -33,6 +34,20 @@ DISCONNECTED, CONNECTED, CONNECTING = 0, 1, 2
 REMEMBERED = r"HKCU\SOFTWARE\OrderDeck\OrderDeck Host"
 
 
+MINUTES_OF_A_DAY = 24 * 60
+
+
+def zone_in_which_it_is(minute, now):
+    """A time zone in which so many minutes of the day have passed at that moment, and the day there."""
+    ahead = minute - (now.hour * 60 + now.minute)
+    if ahead > MINUTES_OF_A_DAY // 2:
+        ahead -= MINUTES_OF_A_DAY
+    hours, minutes = divmod(abs(ahead), 60)
+    # The name of a zone tells how far the clock in Greenwich is ahead of it.
+    zone = f"NEAR{'-' if ahead > 0 else '+'}{hours:02}:{minutes:02}"
+    return zone, (now + datetime.timedelta(minutes=ahead)).date()
+
+
 def forget_earlier_sessions():
     """What is remembered of earlier runs would be one more input."""
     subprocess.run([os.path.join(ROOT, "tools", "wine-run"), "reg", "delete", REMEMBERED, "/f"],
@@ -56,7 +71,9 @@ class Bar(Screen):
     """A running host with the bar in it."""
 
     def __init__(self, folder, *options, environment=None):
-        super().__init__(ROOT, folder, *options, environment=environment)
+        # Unless a scene has its own clock no midnight comes into it.
+        zone, self.today = zone_in_which_it_is(MINUTES_OF_A_DAY // 2, datetime.datetime.now(datetime.timezone.utc))
+        super().__init__(ROOT, folder, *options, environment=environment or {"TZ": zone})
 
     # Tabs
 

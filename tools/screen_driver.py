@@ -9,7 +9,8 @@ import os
 import subprocess
 import time
 
-TIMEOUT = 60.0
+# In seconds, to end a hang: no machine is so slow.
+TIMEOUT = 300.0
 # Two presses at one place that are further apart are no double click.
 DOUBLE_CLICK = 0.6
 

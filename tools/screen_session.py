@@ -35,7 +35,7 @@ def ole_day(day):
     return (day - datetime.date(1899, 12, 30)).days
 
 
-def expected(order):
+def expected(order, today):
     """The seven arguments; the date as its day, since its time of day is the moment the tab was made."""
     return {
         "action": ACTIONS[order["side"]],
@@ -44,7 +44,7 @@ def expected(order):
         "stop_price": order.get("stop", ("", 0.0))[1],
         "limit_price": order.get("limit", ("", 0.0))[1],
         "time_in_force": TIMES[order["time"]],
-        "gtd_date": ole_day(datetime.date.today()),
+        "gtd_date": ole_day(today),
     }
 
 
@@ -128,12 +128,12 @@ def close(screen):
         raise ScreenError(f"the host ended with {code}")
 
 
-def compare(arrived):
+def compare(arrived, today):
     """Prints the table; true when all that was asked for arrived, and nothing else."""
     print(f"{'order':<12} {'argument':<15} {'asked':>12} {'arrived':>18}")
     same = len(arrived) == len(ORDERS)
     for order, line in zip(ORDERS, arrived):
-        for name, asked in expected(order).items():
+        for name, asked in expected(order, today).items():
             got = line[name]
             equal = (math.floor(got) if name == "gtd_date" else got) == asked
             same = same and equal
@@ -164,7 +164,7 @@ def main():
         return 1
     finally:
         screen.stop()
-    if not compare(screen.orders()):
+    if not compare(screen.orders(), screen.today):
         return 1
     print(f"session: {len(ORDERS)} orders, all as asked; pictures in {folder}")
     return 0

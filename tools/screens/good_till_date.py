@@ -3,30 +3,31 @@
 import datetime
 import time
 
-from screen_bar import BUTTONS, DATE, LIMIT, TIME_IN_FORCE, TYPE, TYPES, write_profiles
+from screen_bar import (BUTTONS, DATE, LIMIT, MINUTES_OF_A_DAY, TIME_IN_FORCE, TYPE, TYPES,
+                        forget_earlier_sessions, write_profiles, zone_in_which_it_is)
+from screen_driver import ScreenError
 
 BUY = BUTTONS["buy"]
 PICKER = "SysDateTimePick32"
 EPOCH = datetime.date(1899, 12, 30)
 DAY = datetime.timedelta(days=1)
-MINUTES_OF_A_DAY = 24 * 60
 
 
-def zone_before_midnight():
-    """A time zone in which the present minute is the last of its day, and that day."""
-    def early():
-        now = datetime.datetime.now(datetime.timezone.utc)
-        return now if 1 <= now.second <= 40 else None
-    # The date is picked before midnight, and the picker looks at the clock once a minute.
-    while not (now := early()):
-        time.sleep(0.1)
-    ahead = MINUTES_OF_A_DAY - 1 - (now.hour * 60 + now.minute)
-    if ahead > MINUTES_OF_A_DAY // 2:
-        ahead -= MINUTES_OF_A_DAY
-    hours, minutes = divmod(abs(ahead), 60)
-    # The name of a zone tells how far the clock in Greenwich is ahead of it.
-    zone = f"NEAR{'-' if ahead > 0 else '+'}{hours:02}:{minutes:02}"
-    return zone, (now + datetime.timedelta(minutes=ahead)).date()
+class Midnight:
+    """A time zone in which so many minutes of the day are left, the present one included, and that day."""
+
+    def __init__(self, minutes):
+        def early():
+            now = datetime.datetime.now(datetime.timezone.utc)
+            return now if 1 <= now.second <= 40 else None
+        # The picker looks at the clock once a minute.
+        while not (now := early()):
+            time.sleep(0.1)
+        self.zone, self.today = zone_in_which_it_is(MINUTES_OF_A_DAY - minutes, now)
+        self._end = now.replace(second=0, microsecond=0) + datetime.timedelta(minutes=minutes)
+
+    def passed(self):
+        return datetime.datetime.now(datetime.timezone.utc) >= self._end
 
 
 def shows(bar, day):
@@ -79,11 +80,7 @@ def slide_the_date_in(bar):
     assert date[2] < bar.left_of(BUY, "Button")
 
 
-def play(stage):
-    write_profiles(stage.settings, ("One", 0, 0), ("Two", 0, 0))
-    zone, today = zone_before_midnight()
-    # The calendar opens downwards.
-    bar = stage.open("", "--size", "1400x620", environment={"TZ": zone})
+def before_midnight(bar, today):
     fill_in(bar, "Two")
     slide_the_date_in(bar)
     shows(bar, today)
@@ -97,6 +94,30 @@ def play(stage):
     bar.wait("it rests", lambda: "Working" in bar.newest_order())
     bar.picture("before-midnight")
 
+
+def open_before_midnight(stage):
+    """A host on which all of that was done before its midnight; a slow machine gets more of the day."""
+    for minutes in (1, 4, 16, 64):
+        write_profiles(stage.settings, ("One", 0, 0), ("Two", 0, 0))
+        forget_earlier_sessions()
+        midnight = Midnight(minutes)
+        # The calendar opens downwards.
+        bar = stage.open("", "--size", "1400x620", environment={"TZ": midnight.zone})
+        try:
+            before_midnight(bar, midnight.today)
+            return bar, midnight
+        except (AssertionError, ScreenError):
+            if not midnight.passed():
+                raise
+            bar.stop()
+    raise AssertionError("an hour was not enough")
+
+
+def play(stage):
+    bar, midnight = open_before_midnight(stage)
+    today = midnight.today
+    while not midnight.passed():
+        time.sleep(0.1)
     bar.wait("the end of the day's order", lambda: "Expired" in bar.newest_order())
     shows(bar, today + DAY)
     bar.picture("after-midnight")
