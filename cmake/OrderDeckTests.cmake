@@ -40,6 +40,11 @@ function(orderdeck_add_tests)
   add_test(NAME ${arg_NAME}
            COMMAND ${arg_NAME} --gtest_brief=1 "--gtest_output=xml:../test-results/${arg_NAME}.xml"
            WORKING_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
+  if(WIN32)
+    # Programs that run at the same time share no display and no Wine server.
+    set_target_properties(${arg_NAME} PROPERTIES CROSSCOMPILING_EMULATOR
+      "${PROJECT_SOURCE_DIR}/tools/own-display;${PROJECT_SOURCE_DIR}/tools/wine-run")
+  endif()
   # Only to end a program that hangs: no machine is so slow.
   set_tests_properties(${arg_NAME} PROPERTIES TIMEOUT 3000)
   if(arg_LABELS)
