@@ -45,6 +45,14 @@ TEST(Resources, PicturesHaveTheSizeOfTheirButtons) {
     EXPECT_EQ(png_size(platform::load_png(232)), std::pair(48U, 16U));
 }
 
+TEST(Resources, EachPictureIsThereInTheSizesOfTheResolutionsAbove) {
+    for (const UINT id : {211U, 212U, 232U}) {
+        for (const unsigned size : {20U, 24U, 32U}) {
+            EXPECT_EQ(png_size(platform::load_png(id * 100 + size)), std::pair(3 * size, size)) << id;
+        }
+    }
+}
+
 TEST(Resources, APictureEndsWithItsLastChunk) {
     for (const UINT id : {211U, 212U, 232U}) {
         const auto bytes = platform::load_png(id);

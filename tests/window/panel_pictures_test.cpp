@@ -7,6 +7,7 @@
 
 #include "platform/win32/frame/png_image.h"
 #include "tests/buttons/button_fixture.h"
+#include "tests/support/win32/dialog_resolution.h"
 #include "tests/window/bar_fixture.h"
 
 namespace {
@@ -100,18 +101,18 @@ TEST_F(PanelPictures, AnEmptyPriceSaysWhatItIsUntilItHasTheFocusOrAText) {
 }
 
 // The first picture of a strip on the ground of an edit.
-std::vector<COLORREF> first_picture(UINT strip) {
+std::vector<COLORREF> first_picture(UINT strip, int side = 16) {
     const HIMAGELIST images = frame::load_image_strip(strip);
     const HDC screen = GetDC(nullptr);
     const HDC memory = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, 16, 16);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, side, side);
     const HGDIOBJ old = SelectObject(memory, bitmap);
-    const RECT all = {0, 0, 16, 16};
+    const RECT all = {0, 0, side, side};
     FillRect(memory, &all, GetSysColorBrush(COLOR_WINDOW));
     ImageList_Draw(images, 0, memory, 0, 0, ILD_NORMAL);
     std::vector<COLORREF> pixels;
-    for (int y = 0; y < 16; ++y) {
-        for (int x = 0; x < 16; ++x) {
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x) {
             pixels.push_back(GetPixel(memory, x, y));
         }
     }
@@ -123,34 +124,70 @@ std::vector<COLORREF> first_picture(UINT strip) {
     return pixels;
 }
 
+// The same of a button, with what it has no room for left out.
+std::vector<COLORREF> picture_of(HWND button, int side = 16) {
+    const snapshot all(button);
+    RECT client = {};
+    GetClientRect(button, &client);
+    std::vector<COLORREF> pixels;
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x) {
+            pixels.push_back(y < client.bottom && x < client.right ? all.at(x, y) : CLR_INVALID);
+        }
+    }
+    return pixels;
+}
+
+bool alike(const std::vector<COLORREF>& shown, const std::vector<COLORREF>& drawn) {
+    int same = 0;
+    int both = 0;
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        both += shown[i] != CLR_INVALID ? 1 : 0;
+        same += shown[i] == drawn[i] ? 1 : 0;
+    }
+    return both > 150 && same == both;
+}
+
 TEST_F(PanelPictures, TheSmallButtonsShowTheirOwnPictures) {
-    const auto shown = [&](HWND button) {
-        const snapshot all(button);
-        const SIZE size = size_of(button);
-        std::vector<COLORREF> pixels;
-        for (int y = 0; y < 16; ++y) {
-            for (int x = 0; x < 16; ++x) {
-                pixels.push_back(y < size.cy && x < size.cx ? all.at(x, y) : CLR_INVALID);
-            }
-        }
-        return pixels;
-    };
-    const auto alike = [](const std::vector<COLORREF>& a, const std::vector<COLORREF>& b) {
-        int same = 0;
-        int both = 0;
-        for (std::size_t i = 0; i < a.size(); ++i) {
-            both += a[i] != CLR_INVALID ? 1 : 0;
-            same += a[i] == b[i] ? 1 : 0;
-        }
-        return both > 150 && same == both;
-    };
     const HWND of_symbol = GetDlgItem(item(203), 203);
     const HWND of_quantity = GetDlgItem(item(209), 10003);
     ASSERT_NE(of_symbol, nullptr);
     ASSERT_NE(of_quantity, nullptr);
-    EXPECT_TRUE(alike(shown(of_symbol), first_picture(232)));
-    EXPECT_FALSE(alike(shown(of_symbol), first_picture(211)));
-    EXPECT_TRUE(alike(shown(of_quantity), first_picture(211)));
+    EXPECT_TRUE(alike(picture_of(of_symbol), first_picture(232)));
+    EXPECT_FALSE(alike(picture_of(of_symbol), first_picture(211)));
+    EXPECT_TRUE(alike(picture_of(of_quantity), first_picture(211)));
+}
+
+// Sizes of 96 to the inch at a resolution: the buttons, what lies right of the quantity's, and the pictures.
+TEST_F(PanelPictures, TheSmallButtonsAndTheirPicturesGrowWithTheResolution) {
+    struct size {
+        int dpi;
+        int side;
+    };
+    for (const size& each : {size{96, 16}, size{120, 20}, size{144, 24}, size{192, 32}}) {
+        SCOPED_TRACE(each.dpi);
+        const test::dialog_resolution scope(each.dpi);
+        bar = boost::make_shared<COrderDeckWindow>(frame, owner);
+        MoveWindow(bar->get_Hwnd(), 0, 0, 1200, 150, TRUE);
+        add(L"A");
+        const HWND of_symbol = GetDlgItem(item(203), 203);
+        const HWND of_quantity = GetDlgItem(item(209), 10003);
+        EXPECT_EQ(size_of(of_symbol).cx, each.side);
+        EXPECT_EQ(size_of(of_quantity).cx, each.side);
+        RECT place = {};
+        GetWindowRect(of_quantity, &place);
+        MapWindowPoints(nullptr, item(209), reinterpret_cast<POINT*>(&place), 2);
+        EXPECT_EQ(size_of(item(209)).cx - place.left, 2 * each.side);
+        EXPECT_GE(HIWORD(SendMessageW(item(209), EM_GETMARGINS, 0, 0)), 2 * each.side);
+        const auto drawn = static_cast<UINT>(each.side == 16 ? 0 : each.side);
+        const auto number = [&](UINT id) { return drawn == 0 ? id : id * 100 + drawn; };
+        EXPECT_TRUE(alike(picture_of(of_symbol, each.side), first_picture(number(232), each.side)));
+        EXPECT_TRUE(alike(picture_of(of_quantity, each.side), first_picture(number(211), each.side)));
+        int width = 0;
+        int height = 0;
+        ImageList_GetIconSize(TabCtrl_GetImageList(strip()), &width, &height);
+        EXPECT_EQ(height, each.side);
+    }
 }
 
 }  // namespace

@@ -118,4 +118,14 @@ HIMAGELIST load_image_strip(UINT id) {
     return list;
 }
 
+HIMAGELIST load_image_strip(UINT id, int size) {
+    constexpr int larger_sizes[] = {32, 24, 20};
+    for (const int drawn : larger_sizes) {
+        if (drawn <= size) {
+            return load_image_strip(id * 100 + static_cast<UINT>(drawn));
+        }
+    }
+    return load_image_strip(id);
+}
+
 }  // namespace frame

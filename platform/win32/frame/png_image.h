@@ -15,4 +15,8 @@ HBITMAP load_png_bitmap(UINT id, SIZE& size);
 // when the resource is missing or is no picture.
 HIMAGELIST load_image_strip(UINT id);
 
+// The same from the largest drawing of a strip that is no higher than a size: a strip that is drawn larger
+// has its own number with the height behind it, so 21120 is 211 in 20 pixels.
+HIMAGELIST load_image_strip(UINT id, int size);
+
 }  // namespace frame

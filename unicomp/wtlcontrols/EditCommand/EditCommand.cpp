@@ -3,11 +3,13 @@
 #include "platform/win32/frame/common_controls.h"
 #include "platform/win32/frame/module_instance.h"
 #include "platform/win32/frame/png_image.h"
+#include "platform/win32/frame/resolution.h"
 
 namespace WTLControls {
 
 namespace {
 
+// At 96 to the inch, as the pictures.
 constexpr int button_width = 16;
 
 bool ends_editing(WPARAM key) {
@@ -31,10 +33,11 @@ bool CEditCommandCtrlWnd2::CreateButton(int button_id, UINT image_strip) {
     if (button == nullptr || !m_button.SubclassWindow(button)) {
         return false;
     }
-    m_images = frame::load_image_strip(image_strip);
+    const int width = frame::scaled(m_hWnd, button_width);
+    m_images = frame::load_image_strip(image_strip, width);
     m_owns_images = BS_ASSERT_TEXT(m_images != nullptr, "0");
     m_button.put_Images(m_images);
-    ::SendMessageW(m_hWnd, EM_SETMARGINS, EC_RIGHTMARGIN, MAKELPARAM(0, button_width));
+    ::SendMessageW(m_hWnd, EM_SETMARGINS, EC_RIGHTMARGIN, MAKELPARAM(0, width));
     _place_button();
     return true;
 }
@@ -86,9 +89,10 @@ frame::answer CEditCommandCtrlWnd2::_dispatch(UINT uMsg, WPARAM wParam, LPARAM l
 
 void CEditCommandCtrlWnd2::_place_button() {
     ::GetClientRect(m_hWnd, &m_button_rect);
-    m_button_rect.left = m_button_rect.right - button_width;
+    const int width = frame::scaled(m_hWnd, button_width);
+    m_button_rect.left = m_button_rect.right - width;
     if (get_Button() != nullptr) {
-        ::MoveWindow(get_Button(), m_button_rect.left, m_button_rect.top, button_width,
+        ::MoveWindow(get_Button(), m_button_rect.left, m_button_rect.top, width,
                      m_button_rect.bottom - m_button_rect.top, TRUE);
     }
 }

@@ -7,6 +7,7 @@
 
 #include "platform/win32/frame/common_controls.h"
 #include "platform/win32/frame/module_instance.h"
+#include "platform/win32/frame/resolution.h"
 #include "platform/win32/frame/window_text.h"
 
 namespace WTLControls::NumberEditors {
@@ -35,7 +36,7 @@ bool CNumberEditCtrl::SubclassWindow(HWND hWnd) {
 
 void CNumberEditCtrl::Init() {
     BS_ASSERT(::IsWindow(m_hWnd));
-    const int size = ::GetSystemMetrics(SM_CXHSCROLL);
+    const int size = frame::scaled_metric(m_hWnd, SM_CXHSCROLL);
     RECT client = {};
     ::GetClientRect(m_hWnd, &client);
     const LONG width = client.right - client.left;
@@ -47,8 +48,19 @@ void CNumberEditCtrl::Init() {
                                place.right - place.left, place.bottom - place.top, m_hWnd,
                                reinterpret_cast<HMENU>(static_cast<INT_PTR>(editor_child_id)),
                                frame::module_instance(), nullptr);
+    _widen_spin(size);
     ::SendMessageW(m_hWnd, EM_SETMARGINS, EC_RIGHTMARGIN, MAKELPARAM(0, size + margin));
     AddStyle(WS_CLIPCHILDREN | (m_digits_only ? ES_NUMBER : 0));
+}
+
+// Out of such a place the system makes a spin of a width of its own, which is that of 96 to the inch.
+void CNumberEditCtrl::_widen_spin(int size) const {
+    RECT made = {};
+    if (frame::resolution_of(m_hWnd) > USER_DEFAULT_SCREEN_DPI && ::GetWindowRect(m_spin, &made) &&
+        made.right > made.left && made.right - made.left < size) {
+        ::SetWindowPos(m_spin, nullptr, 0, 0, size, static_cast<int>(made.bottom - made.top),
+                       SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
 }
 
 // Without a window the system would draw all of the screen anew.

@@ -51,6 +51,7 @@ private:
     frame::answer _on_spin(const NMHDR& notice);
     frame::answer _on_default(UINT uMsg, WPARAM wParam, LPARAM lParam);
     void _on_key(WPARAM key);
+    void _widen_spin(int size) const;
 
     bool Exists() const override { return ::IsWindow(m_hWnd) != FALSE; }
     bool IsVisible() const override { return ::IsWindowVisible(m_hWnd) != FALSE; }

@@ -7,12 +7,14 @@
 #include "platform/win32/frame/common_controls.h"
 #include "platform/win32/frame/module_instance.h"
 #include "platform/win32/frame/png_image.h"
+#include "platform/win32/frame/resolution.h"
 #include "unicomp/wtlcontrols/VariousNumberEditorsCtrls/NumberTexts.h"
 
 namespace WTLControls::NumberEditors {
 
 namespace {
 
+// At 96 to the inch, as the pictures.
 constexpr int button_size = 16;
 constexpr int button_from_right = 32;
 constexpr int button_top = 1;
@@ -81,7 +83,8 @@ void CQuantityCalc::_make_button() {
     _place_button();
     ::SetWindowPos(button, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW | SWP_NOACTIVATE);
     // Deliberately more than the spin's margin: no digit stands under the button.
-    ::SendMessageW(m_hWnd, EM_SETMARGINS, EC_RIGHTMARGIN, MAKELPARAM(0, button_from_right + margin));
+    ::SendMessageW(m_hWnd, EM_SETMARGINS, EC_RIGHTMARGIN,
+                   MAKELPARAM(0, frame::scaled(m_hWnd, button_from_right + margin)));
 }
 
 void CQuantityCalc::_place_button() const {
@@ -91,15 +94,15 @@ void CQuantityCalc::_place_button() const {
     RECT client = {};
     ::GetClientRect(m_hWnd, &client);
     const int height = client.bottom - client.top;
-    ::MoveWindow(get_Button(), client.right - client.left - button_from_right, button_top, button_size,
-                 height, TRUE);
+    const int left = client.right - client.left - frame::scaled(m_hWnd, button_from_right);
+    ::MoveWindow(get_Button(), left, button_top, frame::scaled(m_hWnd, button_size), height, TRUE);
 }
 
 void CQuantityCalc::put_Images(UINT strip) {
     if (m_images != nullptr) {
         ::ImageList_Destroy(m_images);
     }
-    m_images = frame::load_image_strip(strip);
+    m_images = frame::load_image_strip(strip, frame::scaled(m_hWnd, button_size));
     BS_ASSERT_TEXT(m_images != nullptr, "0");
     m_button.put_Images(m_images);
 }

@@ -4,6 +4,7 @@
 
 #include "charting/orderdeck/src/window/PanelItems.h"
 #include "charting/orderdeck/src/window/WindowText.h"
+#include "platform/win32/frame/resolution.h"
 #include "unicomp/Simples/interface/resource_string.h"
 
 namespace OV_OrderDeck {
@@ -12,7 +13,8 @@ namespace {
 
 constexpr UINT quotes_title = 140;
 constexpr int text_margin = 4;
-constexpr LONG widest_drop_down = 15;
+// At 96 to the inch.
+constexpr int widest_drop_down = 15;
 // The row that the keys take: it stays in the middle while the ladder moves past it.
 constexpr LONG middle_row = 3;
 
@@ -109,7 +111,7 @@ void AskBidButtonImpl::OnRangeSelect(LONG position, double price) {
 
 void AskBidButtonImpl::_place_split() {
     const LONG width = client_width(m_hWnd);
-    put_Split(width - std::min(widest_drop_down, width / 2));
+    put_Split(width - std::min<LONG>(frame::scaled(m_hWnd, widest_drop_down), width / 2));
 }
 
 // While the ladder is open the button's keys are the ladder's: it scrolls, Enter takes the price in its

@@ -7,6 +7,7 @@
 #include "charting/orderdeck/src/window/ProfileMenu.h"
 #include "diagnostics/BugSlayerUtil.h"
 #include "platform/win32/frame/png_image.h"
+#include "platform/win32/frame/resolution.h"
 
 namespace OV_OrderDeck {
 
@@ -16,6 +17,7 @@ constexpr UINT bar_template = 201;
 constexpr int tab_strip_item = 201;
 constexpr int setup_button_item = 229;
 constexpr UINT tab_images = 212;
+constexpr int tab_image_size = 16;
 // Sent by the host when it wants the tabs; 1 in wParam.
 constexpr UINT fill_message = WM_USER + 221;
 
@@ -103,7 +105,7 @@ frame::answer COrderDeckWindow::OnInitDialog() {
 }
 
 void COrderDeckWindow::_init_tab_images() {
-    m_images = frame::load_image_strip(tab_images);
+    m_images = frame::load_image_strip(tab_images, frame::scaled(m_hWnd, tab_image_size));
     if (BS_ASSERT_TEXT(m_images != nullptr, "0")) {
         TabCtrl_SetImageList(m_tab_ctrl.get_Hwnd(), m_images);
     }

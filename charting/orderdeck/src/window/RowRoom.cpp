@@ -5,12 +5,13 @@
 
 #include "charting/orderdeck/src/window/FittedFont.h"
 #include "charting/orderdeck/src/window/PanelItems.h"
+#include "platform/win32/frame/resolution.h"
 #include "unicomp/Simples/interface/resource_string.h"
 
 namespace OV_OrderDeck {
 namespace {
 
-// Both edges of a box and the margins of its text.
+// Both edges of a box and the margins of its text, at 96 to the inch.
 constexpr int box_frame = 14;
 
 int widest(HWND window, HFONT font, const std::vector<CString>& texts) {
@@ -59,13 +60,12 @@ void widen(HWND panel, CLayoutPanel& layout, int item, int needed) {
 
 void make_room_for_texts(HWND panel, CLayoutPanel& layout) {
     const auto font = reinterpret_cast<HFONT>(::SendMessageW(panel, WM_GETFONT, 0, 0));
-    const int arrow = ::GetSystemMetrics(SM_CXVSCROLL);
-    widen(panel, layout, PanelItem::OrderType,
-          widest(panel, font, strings({130, 131, 132, 133})) + arrow + box_frame);
+    const int beside = frame::scaled_metric(panel, SM_CXVSCROLL) + frame::scaled(panel, box_frame);
+    widen(panel, layout, PanelItem::OrderType, widest(panel, font, strings({130, 131, 132, 133})) + beside);
     // A bond in halves of 32nds, the longest that is common, and the arrow beside it.
-    widen(panel, layout, PanelItem::AskBid, text_width(panel, font, L"117 12.5/32 ") + arrow + box_frame);
+    widen(panel, layout, PanelItem::AskBid, text_width(panel, font, L"117 12.5/32 ") + beside);
     widen(panel, layout, PanelItem::TimeInForce,
-          widest(panel, font, strings({113, 114, 115, 116, 234, 235})) + arrow + box_frame);
+          widest(panel, font, strings({113, 114, 115, 116, 234, 235})) + beside);
 }
 
 }  // namespace OV_OrderDeck
