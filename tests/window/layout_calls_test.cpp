@@ -86,7 +86,7 @@ TEST_F(LayoutCalls, ALaterSizeChangesNoGap) {
     const auto before = row();
     const LONG gap = width(214) + width(213) + 5;
     SetWindowPos(item(214), nullptr, 0, 0, width(214) + 50, 20, SWP_NOMOVE | SWP_NOZORDER);
-    MoveWindow(bar->get_Hwnd(), 0, 0, 700, 120, TRUE);
+    MoveWindow(bar->get_Hwnd(), 0, 0, 1500, 120, TRUE);
     hide(eODUE_FirstPrice, true);
     at_once();
     EXPECT_EQ(moved_since(before), all_by(-gap, right_of_first));

@@ -93,6 +93,9 @@ frame::answer CProfileTabWindow::OnDeltaSpinChanged(const NMHDR& notice) {
         m_first_price.OnDeltaSpinChanged(delta);
     } else if (notice.idFrom == PanelItem::SecondSpin) {
         m_second_price.OnDeltaSpinChanged(delta);
+    } else if (notice.idFrom == CLayoutPanel::Arrows) {
+        m_layout_panel.Scroll(delta);
+        return 1;
     }
     return 0;
 }

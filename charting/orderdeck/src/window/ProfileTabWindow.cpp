@@ -87,6 +87,9 @@ BOOL CProfileTabWindow::ProcessWindowMessage(HWND, UINT uMsg, WPARAM wParam, LPA
         }
         case WM_TIMER:
             return frame::take(guarded(BS_HERE, [&] { return OnTimer(wParam); }), lResult);
+        case WM_SIZE:
+            BugSlayerUtil::guard(BS_HERE, [&] { m_layout_panel.Fit(); });
+            return FALSE;
         case WM_COMMAND:
             return frame::take(_dispatch_command(wParam), lResult);
         case WM_NOTIFY:
@@ -146,6 +149,7 @@ frame::answer CProfileTabWindow::OnInitDialog() {
     _init_names();
     make_room_for_texts(m_hWnd, m_layout_panel);
     m_layout.Build();
+    m_layout_panel.Follow();
     return 0;
 }
 
