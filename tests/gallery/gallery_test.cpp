@@ -15,7 +15,7 @@ using gallery::look;
 
 // What readers with weak sight need of a text.
 constexpr double least_contrast = 4.5;
-constexpr UINT resolutions[] = {96, 144, 192};
+constexpr UINT resolutions[] = {96, 120, 144, 192};
 
 std::filesystem::path folder() {
     const std::filesystem::path path = ORDERDECK_GALLERY_FOLDER;

@@ -30,6 +30,35 @@ double luminance(COLORREF colour) {
            0.0722 * linear(GetBValue(colour));
 }
 
+// What lies beyond the screen is not drawn, so a window that is wider comes part by part.
+void photograph(HWND window, HDC target, int width, int height) {
+    const HWND root = GetAncestor(window, GA_ROOT);
+    RECT before = {};
+    GetWindowRect(root, &before);
+    const auto move = [&](LONG left) {
+        SetWindowPos(root, nullptr, static_cast<int>(left), static_cast<int>(before.top), 0, 0,
+                     SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        RedrawWindow(root, nullptr, nullptr,
+                     RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    };
+    const int part = GetSystemMetrics(SM_CXSCREEN);
+    for (int x = 0; x < width; x += part) {
+        if (width > part) {
+            RECT at = {};
+            GetWindowRect(window, &at);
+            RECT of_root = {};
+            GetWindowRect(root, &of_root);
+            move(of_root.left - at.left - x);
+        }
+        const HDC source = GetWindowDC(window);
+        BitBlt(target, x, 0, std::min(part, width - x), height, source, x, 0, SRCCOPY);
+        ReleaseDC(window, source);
+    }
+    if (width > part) {
+        move(before.left);
+    }
+}
+
 COLORREF colour_of(DWORD pixel) {
     return RGB((pixel >> 16) & 0xFF, (pixel >> 8) & 0xFF, pixel & 0xFF);
 }
@@ -53,12 +82,11 @@ picture picture::of(HWND window) {
     info.bmiHeader.biHeight = -result.m_height;
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 32;
-    const HDC source = GetWindowDC(window);
-    const HDC memory = CreateCompatibleDC(source);
+    const HDC memory = CreateCompatibleDC(nullptr);
     void* bits = nullptr;
-    const HBITMAP bitmap = CreateDIBSection(source, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    const HBITMAP bitmap = CreateDIBSection(memory, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
     const HGDIOBJ old = SelectObject(memory, bitmap);
-    BitBlt(memory, 0, 0, result.m_width, result.m_height, source, 0, 0, SRCCOPY);
+    photograph(window, memory, result.m_width, result.m_height);
     GdiFlush();
     const auto* const pixels = static_cast<const DWORD*>(bits);
     result.m_pixels.assign(pixels, pixels + static_cast<std::size_t>(result.m_width) *
@@ -66,7 +94,6 @@ picture picture::of(HWND window) {
     SelectObject(memory, old);
     DeleteObject(bitmap);
     DeleteDC(memory);
-    ReleaseDC(window, source);
     return result;
 }
 

@@ -39,7 +39,7 @@ HWND shared_parent() {
     static const HWND parent = [] {
         register_class();
         return CreateWindowExW(WS_EX_CONTROLPARENT, stage_class, L"", WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN,
-                               40, 40, 640, 320, nullptr, nullptr, frame::module_instance(), nullptr);
+                               0, 40, 2600, 320, nullptr, nullptr, frame::module_instance(), nullptr);
     }();
     return parent;
 }
