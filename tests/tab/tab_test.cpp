@@ -153,10 +153,10 @@ TEST_F(tab_object, ignores_the_last_two_events_of_its_profile) {
 
 TEST_F(tab_object, names_changed_fields_to_its_bar) {
     make_tab();
-    tab->put_Id(9);
+    bar->AddTab(tab, false);
     tab->_update(0x12345);
     tab->_set_focus(eODUE_SecondPrice);
-    EXPECT_EQ((calls{"TabCtrl.Update(9, 0x12345)", "TabCtrl.SetFocus(9, 0x800)"}), host.calls());
+    EXPECT_EQ((calls{"TabCtrl.Update(2, 0x12345)", "TabCtrl.SetFocus(2, 0x800)"}), host.calls());
 }
 
 TEST_F(tab_object, without_a_bar_reports_and_keeps_its_values) {

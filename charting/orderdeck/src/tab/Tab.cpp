@@ -95,8 +95,12 @@ com_ptr<CProfileWrap> CTab::get_Profile() {
     return m_pProfile;
 }
 
-boost::shared_ptr<ITab> CTab::_keep_alive() {
-    return m_pCont ? m_pCont->get_Tab(m_id) : boost::shared_ptr<ITab>();
+boost::shared_ptr<CTab> CTab::_keep_alive() {
+    return weak_from_this().lock();
+}
+
+bool CTab::_was_removed() {
+    return m_pCont && m_id != 0 && m_pCont->get_Tab(m_id).get() != this;
 }
 
 void CTab::OnContentReady() {}
@@ -110,13 +114,13 @@ void CTab::Refresh() {
 }
 
 void CTab::_update(unsigned mask) {
-    if (BS_ASSERT(m_pCont.get())) {
+    if (BS_ASSERT(m_pCont.get()) && !_was_removed()) {
         m_pCont->Update(m_id, mask);
     }
 }
 
 void CTab::_set_focus(OD_UpdateEntity entity) {
-    if (BS_ASSERT(m_pCont.get())) {
+    if (BS_ASSERT(m_pCont.get()) && !_was_removed()) {
         m_pCont->SetFocus(m_id, entity);
     }
 }
@@ -204,6 +208,7 @@ void CTab::get_SymbolInfo(OD_SSymbolInfo& info) {
 }
 
 void CTab::put_SymbolInfo(const OD_SSymbolInfo& info) {
+    const auto keep = _keep_alive();
     const CString feed = platform::text_of(info.DataFeed);
     if (!feed.empty() && feed != _get_data_feed()) {
         return;
@@ -229,6 +234,7 @@ void CTab::put_Account(const wchar_t* name) {
 }
 
 LONG CTab::OnQuote(double bid, double ask) {
+    const auto keep = _keep_alive();
     const bool good = std::isnormal(bid) && std::isnormal(ask) && bid <= ask;
     if (good) {
         m_controls->m_pAskBid->SetQuotes(ask, bid);

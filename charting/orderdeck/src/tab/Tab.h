@@ -1,5 +1,6 @@
 #pragma once
 
+#include <boost/enable_shared_from_this.hpp>
 #include <memory>
 
 #include "TradingCenter.h"
@@ -19,7 +20,11 @@ namespace OV_OrderDeck {
 // One tab's logic: owns the fields of the order row and is the only place where an order is put together
 // and sent. Changes values first and then names the changed fields to the bar. Has no lock: everything
 // runs on the bar's thread. Operations throw _com_error or std::exception.
-class CTab : public ITab, public IManageContent, public ITradeInfoProperties, public IOD_ProfileDataChange {
+class CTab : public ITab,
+             public IManageContent,
+             public ITradeInfoProperties,
+             public IOD_ProfileDataChange,
+             public boost::enable_shared_from_this<CTab> {
 public:
     // Throws _com_error (E_POINTER) for a null profile. The tab listens to the profile while it lives.
     explicit CTab(const com_ptr<CProfileWrap>& profile);
@@ -77,8 +82,10 @@ public:
     _variant_t _get_quantity();
     const CControlsHolder& get_Controls() const { return *m_controls; }
     // Keeps the tab alive over a call that may dispatch messages, in which the host may remove the
-    // profile. Empty for a tab that the bar doesn't hold.
-    boost::shared_ptr<ITab> _keep_alive();
+    // profile. Empty for a tab that nobody shares.
+    boost::shared_ptr<CTab> _keep_alive();
+    // The bar had the tab and has it no more: it tells the bar nothing and asks the user nothing.
+    bool _was_removed();
 
 private:
     void _make_controls();

@@ -78,6 +78,9 @@ void CLookup::LookupWithDialog() {
             _ask_connect();
             break;
         case eODLR_NotSupported:
+            if (_tab()._was_removed()) {
+                break;
+            }
             OrderDeckMessageBox(resource_string::text(type_the_name), 0);
             break;
         default:
@@ -137,7 +140,8 @@ bool CLookup::IsPluginSupported(const wchar_t* name) {
 }
 
 void CLookup::_store(const CSymbolInfo& symbol) {
-    if (symbol == m_symbol) {
+    // The host may have taken the profile away while it looked for the symbol.
+    if (symbol == m_symbol || _tab()._was_removed()) {
         return;
     }
     m_symbol = symbol;
@@ -184,7 +188,7 @@ OD_LookupResult CLookup::_lookup_impl(LONG id, const CString& name, bool bQuiet,
 void CLookup::_ask_connect() {
     const com_ptr<CProfileWrap> profile = _tab().get_Profile();
     const ETM_ConnectionChanged state = profile->get_ConnectionState(true);
-    if (state == eTM_CC_Connected || state == eTM_CC_Connecting) {
+    if (state == eTM_CC_Connected || state == eTM_CC_Connecting || _tab()._was_removed()) {
         return;
     }
     const CString question =
