@@ -1,3 +1,4 @@
+#include <boost/weak_ptr.hpp>
 #include <functional>
 
 #include "platform/registry.h"
@@ -230,7 +231,8 @@ TEST_F(WatchedCreateTest, TheOldPairIsKeptUntilTheContainerWasToldThatItGoes) {
     factory.window = watching.make_window();
     ASSERT_EQ(create_watched(), S_OK);
     watching.forget();
-    // A container that makes the bar anew at the message gets the old pair withdrawn once more.
+    // A container that makes the bar anew at the message gets the old pair withdrawn once more. Its bar is the
+    // later one and stays; the one that was being made does not come.
     bool again = false;
     watching.on_message = [&](HWND) {
         if (!again) {
@@ -239,12 +241,13 @@ TEST_F(WatchedCreateTest, TheOldPairIsKeptUntilTheContainerWasToldThatItGoes) {
         }
     };
     root->Destroy();
-    ASSERT_EQ(create_watched(), S_OK);
+    EXPECT_EQ(create_watched(), OLE_E_BLANK);
+    EXPECT_EQ(root->UpdateLayout(), S_OK);
     std::vector<LPARAM> kinds;
     for (const auto& message : watching.messages()) {
         kinds.push_back(message.lParam);
     }
-    EXPECT_THAT(kinds, ElementsAre(0, 1, 0, 1));
+    EXPECT_THAT(kinds, ElementsAre(0, 1, 0));
     end_root();
 }
 
@@ -296,6 +299,47 @@ TEST_F(CreateTest, DestroyDropsTheSharedData) {
     root->Destroy();
     OV_OrderDeck::CGlobalData global;
     EXPECT_EQ(global->get_Hwnd(), nullptr);
+}
+
+// Weak, so that a bar that nobody holds any more is seen to be gone.
+TEST_F(CreateTest, ASecondBarEndsTheFirstOneWithItsTabs) {
+    const auto alpha = add_profile(L"Alpha");
+    ASSERT_EQ(create(), S_OK);
+    ASSERT_EQ(root->put_ActiveTab(nullptr), S_OK);
+    const boost::weak_ptr<test::fake_bar> first = factory.last;
+    ASSERT_EQ(create(), S_OK);
+    EXPECT_TRUE(first.expired());
+    EXPECT_EQ(alpha->events->size(), 0U);
+    EXPECT_EQ(center->profiles->events->size(), 0U);
+    EXPECT_THAT(tab_names(), IsEmpty());
+    EXPECT_EQ(root->UpdateLayout(), S_OK);
+}
+
+TEST_F(CreateTest, ABarThatTheHostMakesWhileTheFormerOneEndsIsTheOneThatStays) {
+    add_profile(L"Alpha");
+    ASSERT_EQ(create(), S_OK);
+    ASSERT_EQ(root->put_ActiveTab(nullptr), S_OK);
+    HRESULT inner = E_FAIL;
+    host.on_call("ProfilesEvents.Unadvise", [&] {
+        host.forget_faults();
+        inner = create();
+    });
+    EXPECT_EQ(root->Destroy(), S_OK);
+    EXPECT_EQ(inner, S_OK);
+    EXPECT_EQ(root->UpdateLayout(), S_OK);
+    EXPECT_EQ(host.count("Bar.Teardown"), 1);
+    ASSERT_EQ(root->put_ActiveTab(nullptr), S_OK);
+    EXPECT_THAT(tab_names(), ElementsAre(L"Alpha"));
+}
+
+TEST_F(WatchedCreateTest, ABarThatItsContainerDestroysAtOnceIsNotMade) {
+    factory.window = watching.make_window();
+    watching.on_message = [this](HWND) { root->Destroy(); };
+    EXPECT_EQ(create_watched(), OLE_E_BLANK);
+    watching.on_message = nullptr;
+    EXPECT_EQ(root->UpdateLayout(), OLE_E_BLANK);
+    EXPECT_EQ(root->get_StatusLineString(nullptr), OLE_E_BLANK);
+    end_root();
 }
 
 TEST_F(CreateTest, ASecondLifeIsValidAndUnfilled) {

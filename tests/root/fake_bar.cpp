@@ -19,7 +19,7 @@ LONG fake_bar::AddTab(const boost::shared_ptr<OV_OrderDeck::ITab>& tab, bool bSi
     if (on_add) {
         on_add(*tab);
     }
-    if (refuse_tabs) {
+    if (refuse_tabs || m_torn_down) {
         return 0;
     }
     const LONG id = m_next_id++;
@@ -33,6 +33,7 @@ LONG fake_bar::AddTab(const boost::shared_ptr<OV_OrderDeck::ITab>& tab, bool bSi
 
 bool fake_bar::RemoveTab(LONG id) {
     record("RemoveTab", std::to_string(id));
+    const boost::shared_ptr<OV_OrderDeck::ITab> gone = get_Tab(id);
     m_tabs.erase(id);
     if (selected == id) {
         selected = m_tabs.empty() ? 0 : m_tabs.begin()->first;
@@ -42,7 +43,8 @@ bool fake_bar::RemoveTab(LONG id) {
 
 bool fake_bar::RemoveAllTabs() {
     record("RemoveAllTabs");
-    m_tabs.clear();
+    OV_OrderDeck::tab_infos gone;
+    gone.swap(m_tabs);
     selected = 0;
     return removal_result;
 }
@@ -75,7 +77,10 @@ void fake_bar::SetFocus(LONG id, OV_OrderDeck::OD_UpdateEntity entity) {
 
 void fake_bar::Teardown() {
     record("Teardown");
-    m_tabs.clear();
+    m_torn_down = true;
+    OV_OrderDeck::tab_infos gone;
+    gone.swap(m_tabs);
+    selected = 0;
 }
 
 }  // namespace test

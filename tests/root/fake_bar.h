@@ -47,6 +47,7 @@ private:
     HWND m_window;
     OV_OrderDeck::tab_infos m_tabs;
     LONG m_next_id = 1;
+    bool m_torn_down = false;
 };
 
 // One that is asked what it remembers.

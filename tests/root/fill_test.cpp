@@ -1,3 +1,5 @@
+#include <boost/weak_ptr.hpp>
+
 #include "tests/root/root_fixture.h"
 #include "tests/support/last_words.h"
 
@@ -168,6 +170,32 @@ TEST_F(FillTest, ABarThatIsDestroyedMeanwhileIsNotSubscribed) {
     host.on_call("Profiles.get_Items", [this] { EXPECT_EQ(root->Destroy(), S_OK); });
     EXPECT_EQ(demand(), OLE_E_BLANK);
     EXPECT_EQ(host.count("ProfilesEvents.Advise"), 0);
+}
+
+// Wherever the bar goes in a fill, neither it nor a tab stays behind, nobody listens, and nothing is reported:
+// the host may do that.
+TEST_F(FillTest, ABarThatIsDestroyedInAnyCallOfTheFillLeavesNothingBehind) {
+    const auto alpha = add_profile(L"Alpha");
+    add_profile(L"Beta");
+    for (const char* const call :
+         {"Class(\"TradingCenter\").CreateInstance", "Center.Prepare", "Center.get_TradingProfiles",
+          "Profiles.get_Items", "Profile.get_OuterID", "Profile.FindConnectionPoint", "ProfileEvents.Advise",
+          "Bar.AddTab", "Profile.get_Name", "Profile.get_ConnectionState", "ManualTrading.GetAccounts",
+          "ManualTrading.GetTimeInForces", "Profiles.FindConnectionPoint", "ProfilesEvents.Advise"}) {
+        SCOPED_TRACE(call);
+        boost::weak_ptr<test::fake_bar> bar = factory.last;
+        host.on_call(call, [&] {
+            host.forget_faults();
+            factory.last.reset();
+            EXPECT_EQ(root->Destroy(), S_OK);
+        });
+        EXPECT_EQ(demand(), OLE_E_BLANK);
+        EXPECT_TRUE(bar.expired());
+        EXPECT_EQ(alpha->events->size(), 0U);
+        EXPECT_EQ(center->profiles->events->size(), 0U);
+        EXPECT_THAT(take_assertions(), IsEmpty());
+        ASSERT_EQ(create(), S_OK);
+    }
 }
 
 TEST_F(FillTest, TheCollectionIsReplacedBeforeTheCentre) {

@@ -68,6 +68,30 @@ TEST_F(TrackingReentry, ANewPanelHasItsBarBeforeTheBarHasIt) {
     EXPECT_EQ(host.count("Bar.Update(2, "), 1);
 }
 
+TEST_F(TrackingReentry, AProfileThatIsAddedWhileItIsBeingAddedHasOnePanel) {
+    const auto beta = add_profile(L"Beta");
+    host.on_call("ProfileEvents(\"Beta\").Advise", [&] {
+        host.forget_faults();
+        EXPECT_EQ(fire(eTM_CTOE_Added, {beta}), S_OK);
+    });
+    EXPECT_EQ(fire(eTM_CTOE_Added, {beta}), S_OK);
+    EXPECT_THAT(tab_names(), ElementsAre(L"Alpha", L"Beta"));
+    EXPECT_EQ(beta->events->size(), 1U);
+}
+
+TEST_F(TrackingReentry, AProfileThatGoesWhileItIsBeingAddedIsNotKnown) {
+    const auto beta = add_profile(L"Beta");
+    host.on_call("ManualTrading(\"Beta\").GetAccounts", [&] {
+        host.forget_faults();
+        EXPECT_EQ(fire(eTM_CTOE_DeletedAll), S_OK);
+    });
+    EXPECT_EQ(fire(eTM_CTOE_Added, {beta}), S_OK);
+    EXPECT_THAT(tab_names(), IsEmpty());
+    EXPECT_EQ(fire(eTM_CTOE_Added, {beta}), S_OK);
+    EXPECT_THAT(tab_names(), ElementsAre(L"Beta"));
+    EXPECT_THAT(take_assertions(), IsEmpty());
+}
+
 TEST_F(TrackingReentry, ATabThatTheBarHasLostIsReportedWhenItsProfileChanges) {
     bar().RemoveTab(1);
     EXPECT_EQ(fire(eTM_CTOE_Updated, {alpha}), S_OK);

@@ -17,8 +17,13 @@ CConatinerNotifier::~CConatinerNotifier() {
     BugSlayerUtil::guard(BS_HERE, [this] { _withdraw(); });
 }
 
+// The container may make another bar when it is told of one: the later registration is the one that counts.
 void CConatinerNotifier::Register(HWND parent, HWND bar) {
+    const unsigned turn = ++m_turn;
     _withdraw();
+    if (turn != m_turn) {
+        return;
+    }
     m_parent = parent;
     m_bar = bar;
     platform::desktop& desktop = platform::port<platform::desktop>::get();
@@ -29,7 +34,11 @@ void CConatinerNotifier::Register(HWND parent, HWND bar) {
 
 void CConatinerNotifier::_withdraw() {
     if (m_parent != nullptr && m_bar != nullptr) {
+        const unsigned turn = m_turn;
         notify(m_parent, m_bar, 0);
+        if (turn != m_turn) {
+            return;
+        }
     }
     m_parent = nullptr;
     m_bar = nullptr;

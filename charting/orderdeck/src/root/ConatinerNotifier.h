@@ -26,6 +26,8 @@ private:
 
     HWND m_parent = nullptr;
     HWND m_bar = nullptr;
+    // Counts the registrations.
+    unsigned m_turn = 0;
 };
 
 }  // namespace NonModalDialogsForContainer

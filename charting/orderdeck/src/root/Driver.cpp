@@ -7,19 +7,17 @@
 
 namespace OV_OrderDeck {
 
-using BugSlayerUtil::guard;
-
 boost::shared_ptr<ITradeInfoProperties> COrderDeckObj::_find_trade_props(BSTR outer_id) {
     _check_filled();
     const auto found = m_tags.find(platform::text_of(outer_id));
     if (found == m_tags.end()) {
         return {};
     }
-    return boost::dynamic_pointer_cast<ITradeInfoProperties>(_bar().get_Tab(found->second));
+    return boost::dynamic_pointer_cast<ITradeInfoProperties>(_bar()->get_Tab(found->second));
 }
 
 HRESULT COrderDeckObj::put_SymbolInfo(BSTR sProfOuterID, OD_SSymbolInfo* pTradeInfo) noexcept {
-    return guard(BS_HERE, [&] {
+    return _call(BS_HERE, [&] {
         if (pTradeInfo == nullptr) {
             BS_RAISE("", E_INVALIDARG);
         }
@@ -30,7 +28,7 @@ HRESULT COrderDeckObj::put_SymbolInfo(BSTR sProfOuterID, OD_SSymbolInfo* pTradeI
 }
 
 HRESULT COrderDeckObj::get_SymbolInfo(BSTR sProfOuterID, OD_SSymbolInfo* pTradeInfo) noexcept {
-    return guard(BS_HERE, [&] {
+    return _call(BS_HERE, [&] {
         if (pTradeInfo == nullptr) {
             BS_RAISE("", E_INVALIDARG);
         }
@@ -41,7 +39,7 @@ HRESULT COrderDeckObj::get_SymbolInfo(BSTR sProfOuterID, OD_SSymbolInfo* pTradeI
 }
 
 HRESULT COrderDeckObj::put_Account(BSTR sProfOuterID, BSTR sAccount) noexcept {
-    return guard(BS_HERE, [&] {
+    return _call(BS_HERE, [&] {
         if (const auto props = _find_trade_props(sProfOuterID)) {
             props->put_Account(platform::text_of(sAccount).c_str());
         }
@@ -49,7 +47,7 @@ HRESULT COrderDeckObj::put_Account(BSTR sProfOuterID, BSTR sAccount) noexcept {
 }
 
 HRESULT COrderDeckObj::get_Account(BSTR sProfOuterID, BSTR* pAccount) noexcept {
-    return guard(BS_HERE, [&] {
+    return _call(BS_HERE, [&] {
         if (pAccount == nullptr) {
             BS_RAISE("", E_INVALIDARG);
         }
@@ -61,23 +59,23 @@ HRESULT COrderDeckObj::get_Account(BSTR sProfOuterID, BSTR* pAccount) noexcept {
 }
 
 HRESULT COrderDeckObj::put_ActiveTab(BSTR sProfOuterID) noexcept {
-    return guard(BS_HERE, [&] {
+    return _call(BS_HERE, [&] {
         _check_filled();
         const auto found = m_tags.find(platform::text_of(sProfOuterID));
         if (found != m_tags.end()) {
-            _bar().SelectTab(found->second);
+            _bar()->SelectTab(found->second);
         }
     });
 }
 
 HRESULT COrderDeckObj::get_ActiveTab(BSTR* pProfOuterID) noexcept {
-    return guard(BS_HERE, [&] {
+    return _call(BS_HERE, [&] {
         if (pProfOuterID == nullptr) {
             BS_RAISE("", E_INVALIDARG);
         }
         SysFreeString(std::exchange(*pProfOuterID, nullptr));
         _check_filled();
-        const boost::shared_ptr<ITab> tab = _bar().get_CurTab();
+        const boost::shared_ptr<ITab> tab = _bar()->get_CurTab();
         BS_REQUIRE(tab, E_POINTER);
         *pProfOuterID = platform::new_bstr(tab->get_Profile()->get_OuterID());
     });

@@ -36,14 +36,24 @@ COrderDeckObj::~COrderDeckObj() {
     guard(BS_HERE, [this] { _destroy(); });
 }
 
+void COrderDeckObj::_require(life its) const {
+    if (m_life != its) {
+        _com_issue_error(OLE_E_BLANK);
+    }
+}
+
 HRESULT COrderDeckObj::Create(HWND lParent, IUnknown* pUnk, HWND* pHandle) noexcept {
-    return guard(BS_HERE, [&] {
+    const HRESULT hr = _call(BS_HERE, [&] {
         if (pHandle == nullptr) {
             return E_INVALIDARG;
         }
         _create(lParent, pUnk, pHandle);
         return S_OK;
     });
+    if (FAILED(hr) && pHandle != nullptr) {
+        *pHandle = nullptr;
+    }
+    return hr;
 }
 
 void COrderDeckObj::_create(HWND parent, IUnknown* service, HWND* handle) {
@@ -51,46 +61,85 @@ void COrderDeckObj::_create(HWND parent, IUnknown* service, HWND* handle) {
     if (!desktop.is_window(parent)) {
         BS_RAISE("", E_FAIL);
     }
+    // Before the old one goes, so that what is shared survives.
+    auto global = std::make_unique<CGlobalData>();
+    _end_former_bar();
+    const life its = ++m_life;
     m_ao.Start();
-    m_pGlobal = std::make_unique<CGlobalData>();
-    _global().put_OnCommand(platform::query<SW::IOnCommand>(service).get());
-    m_pTabCtrl = make_bar_window(parent, *this);
-    const HWND bar = m_pTabCtrl->get_Hwnd();
+    m_pGlobal = std::move(global);
+    const com_ptr<SW::IOnCommand> on_command = platform::query<SW::IOnCommand>(service);
+    _require(its);
+    _global().put_OnCommand(on_command.get());
+    _require(its);
+    const boost::shared_ptr<ITabCtrl> made = _make_bar(parent);
+    const HWND bar = made->get_Hwnd();
     _global().put_Hwnd(bar);
-    m_pTabCtrl->Show(true);
+    made->Show(true);
     _serialization([this] { _deserialize_impl(); });
     *handle = bar;
     if (parent != nullptr && bar != nullptr) {
         Register(parent, bar);
+        _require(its);
     }
     m_dwThreadId = platform::current_thread_id();
     if (desktop.is_window(bar)) {
         desktop.set_window_text(bar, resource_string::text(ids_BarTitle));
+        _require(its);
     }
     m_bValid = true;
 }
 
+// A host that did not destroy its first bar has it destroyed now: through one root only one is reached. The
+// one that it makes meanwhile is the later one and stays.
+void COrderDeckObj::_end_former_bar() {
+    if (m_pTabCtrl) {
+        _destroy();
+    }
+    if (m_pTabCtrl) {
+        _com_issue_error(OLE_E_BLANK);
+    }
+}
+
+// A window tells its parent of its making: the parent may be the host's, and the host may destroy then.
+boost::shared_ptr<ITabCtrl> COrderDeckObj::_make_bar(HWND parent) {
+    const life its = m_life;
+    boost::shared_ptr<ITabCtrl> bar = make_bar_window(parent, *this);
+    if (m_life != its) {
+        bar->Teardown();
+    }
+    _require(its);
+    m_pTabCtrl = bar;
+    return bar;
+}
+
 HRESULT COrderDeckObj::Destroy() noexcept {
-    return guard(BS_HERE, [this] {
+    return _call(BS_HERE, [this] {
         _destroy();
         return S_OK;
     });
 }
 
-// No task that was posted runs after the active object has stopped, so nothing below is seen half
-// taken down. The registration with the container is left to the notifier's destructor.
+// No task that was posted runs after the active object has stopped. All that the bar consists of leaves the
+// object before the host hears of its end, so nothing is seen half taken down, and a bar that the host makes
+// meanwhile is none that is taken down here. The registration with the container is left to the notifier's
+// destructor.
 void COrderDeckObj::_destroy() {
     m_ao.Stop(true, true);
+    ++m_life;
     m_bValid = false;
-    _unsubscribe();
     m_tags.clear();
-    if (m_pTabCtrl) {
-        m_pTabCtrl->Teardown();
-        m_pTabCtrl.reset();
-    }
-    m_pGlobal.reset();
     m_bTabsFilled = false;
     m_bReloading = false;
+    const std::unique_ptr<CGlobalData> global = std::move(m_pGlobal);
+    boost::shared_ptr<ITabCtrl> bar;
+    bar.swap(m_pTabCtrl);
+    com_ptr<IConnectionPoint> items;
+    items.swap(m_pItemsCP);
+    DWORD cookie = std::exchange(m_dwItemsCookie, platform::not_advised);
+    platform::unadvise(items, cookie);
+    if (bar) {
+        bar->Teardown();
+    }
 }
 
 HRESULT COrderDeckObj::UpdateLayout() noexcept {
@@ -106,22 +155,30 @@ CGlobalDataImpl& COrderDeckObj::_global() {
     return *m_pGlobal->GetObject();
 }
 
-ITabCtrl& COrderDeckObj::_bar() {
+boost::shared_ptr<ITabCtrl> COrderDeckObj::_bar() {
     BS_REQUIRE(m_pTabCtrl, OLE_E_BLANK);
-    return *m_pTabCtrl;
+    return m_pTabCtrl;
+}
+
+void COrderDeckObj::EnsureFilled() {
+    const com_ptr<COrderDeckObj> alive(this);
+    _check_filled();
 }
 
 void COrderDeckObj::_check_filled() {
     if (m_bTabsFilled) {
         return;
     }
-    BS_REQUIRE(m_pTabCtrl, OLE_E_BLANK);
+    const life its = m_life;
+    const boost::shared_ptr<ITabCtrl> bar = _bar();
     m_bTabsFilled = true;
     _fill_tab_ctrl();
-    _bar().Show(true);
+    bar->Show(true);
+    _require(its);
 }
 
 void COrderDeckObj::_fill_tab_ctrl() {
+    const life its = m_life;
     const com_ptr<ITC_TradingCenter> center = create_trading_center();
     BS_REQUIRE(center, E_POINTER);
     center->Prepare(-1);
@@ -135,23 +192,35 @@ void COrderDeckObj::_fill_tab_ctrl() {
         hr = profiles->get_Items(items.receive());
         _com_issue_error(hr);
     }
+    _require(its);
     // Panels first, subscription second: a profile that is added in between shows at the next reload.
     _process_profs(items.get(), [this](ITC_TradingProfile* profile) { _on_add_prof(profile, true); });
-    // A host that destroyed the bar meanwhile must not hold its root by a subscription.
-    BS_REQUIRE(m_pTabCtrl, OLE_E_BLANK);
+    _require(its);
     if (const HRESULT hr = _subscribe(profiles.get()); hr != S_OK) {
         BugSlayerUtil::assertion(BS_HERE, "", hr);
     }
+    _require(its);
     _global().put_Profiles(profiles.get());
+    _require(its);
     _global().put_Center(center.get());
+    _require(its);
 }
 
+// A host that destroyed the bar meanwhile must not hold its root by a subscription.
 HRESULT COrderDeckObj::_subscribe(ITC_TradingProfileS* profiles) {
-    return platform::advise(profiles, GetUnknown(), __uuidof(ITC_ItemsChanged), m_pItemsCP, m_dwItemsCookie);
-}
-
-void COrderDeckObj::_unsubscribe() {
+    const life its = m_life;
     platform::unadvise(m_pItemsCP, m_dwItemsCookie);
+    _require(its);
+    com_ptr<IConnectionPoint> items;
+    DWORD cookie = platform::not_advised;
+    const HRESULT hr = platform::advise(profiles, GetUnknown(), __uuidof(ITC_ItemsChanged), items, cookie);
+    if (m_life != its) {
+        platform::unadvise(items, cookie);
+        _require(its);
+    }
+    m_pItemsCP.swap(items);
+    m_dwItemsCookie = cookie;
+    return hr;
 }
 
 }  // namespace OV_OrderDeck

@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <utility>
 
 #include "OrderDeck.h"
 #include "charting/orderdeck/interface/IBarOwner.h"
@@ -15,10 +16,13 @@
 #include "charting/orderdeck/src/root/GlobalData.h"
 #include "charting/orderdeck/src/root/ProfileWrap.h"
 #include "charting/orderdeck/src/root/SerializeProfInf.h"
+#include "diagnostics/BugSlayerUtil.h"
 #include "platform/com_object.h"
 #include "unicomp/LocalRPC/ActiveObject.h"
 
 namespace OV_OrderDeck {
+
+class CTab;
 
 // {44b37a4c-17ef-4301-b05a-a54b611db7c2}
 inline constexpr CLSID CLSID_COrderDeckObj = {
@@ -29,6 +33,10 @@ inline constexpr CLSID CLSID_COrderDeckObj = {
 //
 // All of it runs on the thread that called Create; the reference count alone is atomic. Nothing throws
 // across an operation of the interfaces.
+//
+// The host may destroy the bar, and make it anew, inside any call that it gets from here. Each operation
+// belongs to the life in which it began: after a call to the host it goes on only while that life lasts, and
+// otherwise ends with OLE_E_BLANK and without a report, since the host did nothing wrong.
 class COrderDeckObj : public platform::com_root<ISWUnifyAccess, IOD_BrokerProfiles, ITC_ItemsChanged,
                                                 IOD_OrderDeckDriver, IProvideClassInfo>,
                       public NonModalDialogsForContainer::CConatinerNotifier,
@@ -61,7 +69,7 @@ public:
     STDMETHODIMP GetClassInfo(ITypeInfo** ppTI) noexcept override;
 
     // IBarOwner
-    void EnsureFilled() override { _check_filled(); }
+    void EnsureFilled() override;
 
     // Connects to the trading centre and makes the panels, once. The flag is set before the fill, so a
     // fill that throws is deliberately not retried: the host's next call must not block again.
@@ -76,14 +84,22 @@ private:
     using profiles_by_name = std::map<CString, com_ptr<CProfileWrap>>;
 
     // Life.
+    using life = unsigned;
+    // Keeps the object over an operation, in which the host may let go of it.
+    template <class Operation>
+    HRESULT _call(const BugSlayerUtil::code_location& where, Operation&& operation) noexcept;
+    // Throws _com_error (OLE_E_BLANK) when the life has ended.
+    void _require(life its) const;
     void _create(HWND parent, IUnknown* service, HWND* handle);
     void _destroy();
+    void _end_former_bar();
+    boost::shared_ptr<ITabCtrl> _make_bar(HWND parent);
     void _fill_tab_ctrl();
     HRESULT _subscribe(ITC_TradingProfileS* profiles);
-    void _unsubscribe();
-    // Both throw _com_error (OLE_E_BLANK) outside of the time between Create and Destroy.
+    // Both throw _com_error (OLE_E_BLANK) outside of the time between Create and Destroy. The bar is to be
+    // held over its calls.
     CGlobalDataImpl& _global();
-    ITabCtrl& _bar();
+    boost::shared_ptr<ITabCtrl> _bar();
 
     // Menu.
     SAFEARRAY* _make_commands();
@@ -91,9 +107,10 @@ private:
 
     // Tracking of the profile collection.
     void _on_item_changed(ETM_ChangeTypeOfEvent kind, SAFEARRAY* items);
-    static void _process_profs(SAFEARRAY* items, const profile_action& action);
+    void _process_profs(SAFEARRAY* items, const profile_action& action);
     tags::iterator _find_prof_tag(ITC_TradingProfile* profile);
     void _on_add_prof(ITC_TradingProfile* profile, bool bSilent);
+    void _enter_panel(const boost::shared_ptr<CTab>& panel, LONG tag);
     void _on_update_prof(ITC_TradingProfile* profile);
     void _on_delete_prof(ITC_TradingProfile* profile);
     void _on_delete_all_profs();
@@ -104,7 +121,7 @@ private:
 
     // What is remembered between runs.
     void _serialization(const std::function<void()>& action);
-    void _serialize_impl(const remembered_profiles& records);
+    void _serialize_impl(const remembered_profiles& records, life its);
     void _deserialize_impl();
     void _serialize_tab_ctrl(const CString& path);
     void _deserialize_tab_ctrl(const CString& path);
@@ -113,8 +130,10 @@ private:
     bool _disconnect_and_record(remembered_profiles& records);
     // What is left of a panel after calls to the host: the panel itself, after a reload the new one of its
     // profile, or none.
-    boost::shared_ptr<ITab> _panel_now(LONG id, ITab& panel);
+    boost::shared_ptr<ITab> _panel_now(LONG id, ITab& panel, life its);
 
+    // Counts every making and destroying of the bar.
+    life m_life = 0;
     bool m_bTabsFilled = false;
     boost::shared_ptr<ITabCtrl> m_pTabCtrl;
     bool m_bValid = false;
@@ -129,5 +148,11 @@ private:
     std::unique_ptr<CGlobalData> m_pGlobal;
     LocalRPC::CActiveObject_WndMsg m_ao;
 };
+
+template <class Operation>
+HRESULT COrderDeckObj::_call(const BugSlayerUtil::code_location& where, Operation&& operation) noexcept {
+    const com_ptr<COrderDeckObj> alive(this);
+    return BugSlayerUtil::guard(where, std::forward<Operation>(operation));
+}
 
 }  // namespace OV_OrderDeck

@@ -12,7 +12,6 @@
 
 namespace OV_OrderDeck {
 
-using BugSlayerUtil::guard;
 using platform::registry_key;
 
 namespace {
@@ -73,9 +72,13 @@ boost::shared_ptr<ITab> find_tab(const tab_infos& tabs, const CString& name) {
     return {};
 }
 
-void restore_tab(ITab& tab, const SSerializeProfInf& record) {
+void restore_tab(ITab& tab, const SSerializeProfInf& record, ITabCtrl& bar) {
     if (record.bConnected) {
         tab.get_Profile()->Connect();
+        // The host was called, and may have taken the profile away.
+        if (!bar.get_Tab(tab.get_Id())) {
+            return;
+        }
     }
     auto& props = dynamic_cast<ITradeInfoProperties&>(tab);
     if (record.lSymbolId != 0) {
@@ -106,13 +109,16 @@ void COrderDeckObj::_serialization(const std::function<void()>& action) {
 }
 
 // Deletes first and writes then, so a close that is interrupted leaves a shorter list and never a mix.
-void COrderDeckObj::_serialize_impl(const remembered_profiles& records) {
+void COrderDeckObj::_serialize_impl(const remembered_profiles& records, life its) {
     const CString& path = _get_registry_path();
     if (path.empty()) {
         // A program without a name has no place of its own, and the root of the user's settings is nobody's.
         return;
     }
-    _serialize_tab_ctrl(path);
+    // A bar that the host destroyed meanwhile has no current tab to tell of: the one of before stays.
+    if (m_life == its) {
+        _serialize_tab_ctrl(path);
+    }
     const CString sProfilesFullPath = path + ProfilesKey;
     const LONG deleted = registry_key::DeleteTree(HKEY_CURRENT_USER, sProfilesFullPath);
     if (!BS_ASSERT(deleted == ERROR_SUCCESS || deleted == ERROR_FILE_NOT_FOUND)) {
@@ -178,13 +184,16 @@ void COrderDeckObj::_restore_profs(const remembered_profiles& records) {
     if (records.empty()) {
         return;
     }
+    const life its = m_life;
     _check_filled();
     _deserialize_tab_ctrl(_get_registry_path());
     for (const SSerializeProfInf& record : records) {
+        _require(its);
         // A copy: a name that the host is asked for may bring an event that changes the bar's own.
-        const tab_infos tabs = _bar().get_TabInfos();
+        const boost::shared_ptr<ITabCtrl> bar = _bar();
+        const tab_infos tabs = bar->get_TabInfos();
         if (const auto tab = find_tab(tabs, record.sProfileName)) {
-            restore_tab(*tab, record);
+            restore_tab(*tab, record, *bar);
         }
     }
 }
@@ -208,23 +217,25 @@ bool COrderDeckObj::_need_disconnect() {
     return true;
 }
 
-boost::shared_ptr<ITab> COrderDeckObj::_panel_now(LONG id, ITab& panel) {
-    if (!m_pTabCtrl) {
+boost::shared_ptr<ITab> COrderDeckObj::_panel_now(LONG id, ITab& panel, life its) {
+    if (m_life != its) {
         return {};
     }
     if (const boost::shared_ptr<ITab> tab = m_pTabCtrl->get_Tab(id)) {
         return tab;
     }
-    const auto found = m_tags.find(panel.get_Profile()->get_OuterID());
-    return found != m_tags.end() ? m_pTabCtrl->get_Tab(found->second) : nullptr;
+    const CString outer_id = panel.get_Profile()->get_OuterID();
+    const auto found = m_tags.find(outer_id);
+    return m_life == its && found != m_tags.end() ? m_pTabCtrl->get_Tab(found->second) : nullptr;
 }
 
 // False when the user refused. Profiles that were disconnected before the refusal stay so. While the user
 // is asked the host may change its profiles and even destroy the bar: a panel that is gone is passed.
 bool COrderDeckObj::_disconnect_and_record(remembered_profiles& records) {
-    const tab_infos panels = _bar().get_TabInfos();
+    const life its = m_life;
+    const tab_infos panels = _bar()->get_TabInfos();
     for (const auto& [id, panel] : panels) {
-        const boost::shared_ptr<ITab> tab = _panel_now(id, *panel);
+        const boost::shared_ptr<ITab> tab = _panel_now(id, *panel, its);
         if (!tab) {
             continue;
         }
@@ -249,14 +260,18 @@ bool COrderDeckObj::_disconnect_and_record(remembered_profiles& records) {
 }
 
 HRESULT COrderDeckObj::OnClose() noexcept {
-    return guard(BS_HERE, [&] {
+    return _call(BS_HERE, [&] {
         if (!m_bValid) {
             return S_OK;
         }
-        // A host that destroys and releases the bar while the user is asked leaves this call an object.
-        const com_ptr<COrderDeckObj> alive(this);
+        const life its = m_life;
         remembered_profiles records;
-        if (_need_disconnect()) {
+        const bool disconnects = _need_disconnect();
+        // Nothing was seen of a bar that the host destroyed by then, so what is remembered stays.
+        if (m_life != its) {
+            return S_OK;
+        }
+        if (disconnects) {
             // Said whether the count could be read or not; support reads it as "this bar closes them".
             BugSlayerUtil::tracef(BS_HERE, "Master's counter is 1. Disconnect profiles ...");
             if (!_disconnect_and_record(records)) {
@@ -264,7 +279,7 @@ HRESULT COrderDeckObj::OnClose() noexcept {
             }
         }
         // Also with an empty list: what is remembered is what the last closing bar saw.
-        _serialization([&] { _serialize_impl(records); });
+        _serialization([&] { _serialize_impl(records, its); });
         return S_OK;
     });
 }

@@ -9,8 +9,6 @@
 
 namespace OV_OrderDeck {
 
-using BugSlayerUtil::guard;
-
 namespace {
 
 constexpr UINT ids_NoBroker = 102;
@@ -31,7 +29,7 @@ void put_command(SAFEARRAY* items, LONG index, const com_ptr<IUnknown>& command)
 }  // namespace
 
 HRESULT COrderDeckObj::get_Commands(SAFEARRAY** ppItems) noexcept {
-    return guard(BS_HERE, [&] {
+    return _call(BS_HERE, [&] {
         if (!m_bValid) {
             return OLE_E_BLANK;
         }
@@ -46,10 +44,12 @@ HRESULT COrderDeckObj::get_Commands(SAFEARRAY** ppItems) noexcept {
 
 SAFEARRAY* COrderDeckObj::_make_commands() {
     _check_filled();
+    const life its = m_life;
     profiles_by_name profiles;
     // A copy: a name that the host is asked for may bring an event that changes the bar's own.
-    const tab_infos tabs = _bar().get_TabInfos();
+    const tab_infos tabs = _bar()->get_TabInfos();
     fill_profiles_coll(tabs, profiles);
+    _require(its);
     const auto count = static_cast<LONG>(profiles.size());
     platform::safearray items(
         SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(count == 0 ? 1 : count + 2)));
@@ -79,7 +79,7 @@ void COrderDeckObj::fill_profiles_coll(const tab_infos& tabs, profiles_by_name& 
 
 // No blank after the colon, deliberately: hosts rely on the line as it stands.
 HRESULT COrderDeckObj::get_StatusLineString(BSTR* pVal) noexcept {
-    return guard(BS_HERE, [&] {
+    return _call(BS_HERE, [&] {
         if (!m_bValid) {
             return OLE_E_BLANK;
         }
@@ -87,7 +87,7 @@ HRESULT COrderDeckObj::get_StatusLineString(BSTR* pVal) noexcept {
             return E_INVALIDARG;
         }
         SysFreeString(std::exchange(*pVal, nullptr));
-        const boost::shared_ptr<ITab> tab = _bar().get_CurTab();
+        const boost::shared_ptr<ITab> tab = _bar()->get_CurTab();
         if (!tab) {
             *pVal = platform::new_bstr(resource_string::text(ids_NoBroker));
             return S_OK;

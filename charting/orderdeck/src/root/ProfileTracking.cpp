@@ -11,10 +11,8 @@
 
 namespace OV_OrderDeck {
 
-using BugSlayerUtil::guard;
-
 HRESULT COrderDeckObj::OnItemChanged(ETM_ChangeTypeOfEvent kind_of_changes, SAFEARRAY* _items) noexcept {
-    return guard(BS_HERE, [&] {
+    return _call(BS_HERE, [&] {
         _on_item_changed(kind_of_changes, _items);
         return S_OK;
     });
@@ -61,6 +59,7 @@ void COrderDeckObj::_process_profs(SAFEARRAY* items, const profile_action& actio
     if (FAILED(SafeArrayGetVartype(items, &type)) || type != VT_VARIANT) {
         _com_issue_error(DISP_E_TYPEMISMATCH);
     }
+    const life its = m_life;
     LONG low = 0;
     SafeArrayGetLBound(items, 1, &low);
     const LONG end = low + platform::safearray_size(items);
@@ -72,6 +71,7 @@ void COrderDeckObj::_process_profs(SAFEARRAY* items, const profile_action& actio
         const bool holds_object = item.vt == VT_UNKNOWN || item.vt == VT_DISPATCH;
         const com_ptr<ITC_TradingProfile> _prof =
             platform::query<ITC_TradingProfile>(holds_object ? item.punkVal : nullptr);
+        _require(its);
         if (BS_ASSERT(_prof)) {
             action(_prof.get());
         }
@@ -91,21 +91,39 @@ COrderDeckObj::tags::iterator COrderDeckObj::_find_prof_tag(ITC_TradingProfile* 
 }
 
 void COrderDeckObj::_on_add_prof(ITC_TradingProfile* profile, bool bSilent) {
+    const life its = m_life;
     if (_find_prof_tag(profile) != m_tags.end()) {
         return;
     }
+    _require(its);
     const com_ptr<CProfileWrap> wrap(new (std::nothrow) platform::com_object<CProfileWrap>(profile));
     if (!wrap) {
         BS_RAISE("", E_POINTER);
     }
     const boost::shared_ptr<CTab> panel = boost::make_shared<CTab>(wrap);
+    _require(its);
     panel->SetContent(m_pTabCtrl);
-    const LONG tag = _bar().AddTab(panel, bSilent);
+    const LONG tag = _bar()->AddTab(panel, bSilent);
+    _require(its);
     if (BS_ASSERT(tag != 0)) {
-        m_tags.emplace(wrap->get_OuterID(), tag);
+        _enter_panel(panel, tag);
+        _require(its);
     }
     IManageContent& content = *panel;
     content.Refresh();
+}
+
+// The host was asked about the profile, and may have changed its profiles meanwhile: only a panel that the
+// bar still has is known by its id, and of two for one profile the first stays.
+void COrderDeckObj::_enter_panel(const boost::shared_ptr<CTab>& panel, LONG tag) {
+    const life its = m_life;
+    const CString id = panel->get_Profile()->get_OuterID();
+    _require(its);
+    const boost::shared_ptr<ITabCtrl> bar = _bar();
+    const bool is_there = bar->get_Tab(tag) == panel;
+    if (is_there && !m_tags.emplace(id, tag).second && !id.empty()) {
+        bar->RemoveTab(tag);
+    }
 }
 
 void COrderDeckObj::_on_update_prof(ITC_TradingProfile* profile) {
@@ -113,7 +131,7 @@ void COrderDeckObj::_on_update_prof(ITC_TradingProfile* profile) {
     if (found == m_tags.end()) {
         return;
     }
-    const auto _cont = boost::dynamic_pointer_cast<IManageContent>(_bar().get_Tab(found->second));
+    const auto _cont = boost::dynamic_pointer_cast<IManageContent>(_bar()->get_Tab(found->second));
     if (BS_ASSERT(_cont)) {
         _cont->Refresh();
     }
@@ -132,9 +150,10 @@ void COrderDeckObj::_on_delete_prof(ITC_TradingProfile* profile) {
             m_tags.erase(entry);
         }
     };
+    const life its = m_life;
     try {
-        const bool bRes = _bar().RemoveTab(tag);
-        BS_ASSERT(bRes == true);
+        const bool bRes = _bar()->RemoveTab(tag);
+        BS_ASSERT_TEXT(bRes == true || m_life != its, "bRes == true");
     } catch (...) {
         forget();
         throw;
@@ -143,11 +162,15 @@ void COrderDeckObj::_on_delete_prof(ITC_TradingProfile* profile) {
 }
 
 void COrderDeckObj::_on_delete_all_profs() {
+    const life its = m_life;
+    const boost::shared_ptr<ITabCtrl> bar = _bar();
     m_tags.clear();
-    const bool bRes = _bar().RemoveAllTabs();
+    const bool bRes = bar->RemoveAllTabs();
+    _require(its);
     BS_ASSERT(bRes == true);
     // The bar leaves showing to its owner; without it the set-up button would not come.
-    _bar().Show(true);
+    bar->Show(true);
+    _require(its);
 }
 
 // New panels start empty: nothing of the old ones is carried over a reload.
@@ -158,8 +181,11 @@ void COrderDeckObj::_reload() {
         _com_issue_error(E_POINTER);
     }
     platform::safearray items;
+    const life its = m_life;
     profiles->get_Items(items.receive());
+    _require(its);
     _process_profs(items.get(), [this](ITC_TradingProfile* profile) { _on_add_prof(profile, false); });
+    _require(its);
     m_bReloading = false;
 }
 
