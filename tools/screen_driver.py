@@ -140,7 +140,7 @@ class Screen:
     def type(self, text):
         """Types into whatever has the focus."""
         # A letter that the keyboard doesn't have is put onto a key for a moment, which must not be over too soon.
-        self._xdotool("type", "--delay", "30" if text.isascii() else "150", text)
+        self._xdotool("type", "--delay", "30" if text.isascii() else "1500", text)
 
     def enter(self, item):
         """Puts the focus into an edit control and selects its text."""
