@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,7 +15,14 @@ namespace {
 class recording_sink final : public WTLControls::IEditCommandSink2 {
 public:
     std::vector<std::string> calls;
-    void OnButtonPressed(LONG id) override { calls.push_back("button " + std::to_string(id)); }
+    // Runs at each press.
+    std::function<void()> on_button;
+    void OnButtonPressed(LONG id) override {
+        calls.push_back("button " + std::to_string(id));
+        if (on_button) {
+            on_button();
+        }
+    }
     void OnEditSetFocus(LONG id) override { calls.push_back("focus " + std::to_string(id)); }
     void OnEditEnd(LONG id, bool accepted) override {
         calls.push_back((accepted ? "enter " : "esc ") + std::to_string(id));
@@ -163,6 +171,52 @@ TEST_F(EditCommand, AReleaseOutsideStillPresses) {
     press();
     release(500, -40);
     EXPECT_EQ(sink.calls.at(0), "button 0");
+}
+
+TEST_F(EditCommand, ADragOffTheButtonStillPressesWhereverItEnds) {
+    const auto at_rest = picture();
+    press();
+    EXPECT_EQ(GetCapture(), button());
+    SendMessageW(button(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(500, 5));
+    EXPECT_EQ(picture(), at_rest) << "the mouse is not over it";
+    EXPECT_TRUE(sink.calls.empty());
+    release(500, 5);
+    EXPECT_EQ(sink.calls.at(0), "button 0");
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+TEST_F(EditCommand, APressHasGivenTheMouseBackWhenItIsTold) {
+    HWND holder = button();
+    sink.on_button = [&] { holder = GetCapture(); };
+    press();
+    release();
+    EXPECT_EQ(holder, nullptr);
+}
+
+TEST_F(EditCommand, APressWhoseMouseIsTakenAwayIsGivenUp) {
+    const auto at_rest = picture();
+    press();
+    SetCapture(other);
+    EXPECT_EQ(picture(), at_rest);
+    EXPECT_EQ(GetCapture(), other);
+    ReleaseCapture();
+    release();
+    EXPECT_TRUE(sink.calls.empty());
+    press();
+    SendMessageW(button(), WM_CANCELMODE, 0, 0);
+    EXPECT_EQ(GetCapture(), nullptr);
+    release();
+    EXPECT_TRUE(sink.calls.empty());
+    press();
+    release();
+    EXPECT_EQ(sink.calls.at(0), "button 0") << "the next press is one";
+}
+
+TEST_F(EditCommand, AButtonThatEndsWhileItIsPressedPressesNothing) {
+    press();
+    DestroyWindow(button());
+    EXPECT_EQ(GetCapture(), nullptr);
+    EXPECT_TRUE(sink.calls.empty());
 }
 
 TEST_F(EditCommand, TheButtonIsAnotherPictureUnderTheMouseAndThatOfRestWhenPressed) {

@@ -1,5 +1,7 @@
 #include "unicomp/wtlcontrols/EditCommand/DrawnButton.h"
 
+#include <utility>
+
 namespace WTLControls {
 
 using drawn_button = CSimpleFuckingButtonThatCanDrawWithoutReflectFuckingNotifications;
@@ -36,17 +38,22 @@ frame::answer drawn_button::_dispatch(UINT uMsg, WPARAM wParam, LPARAM lParam) {
             _on_paint();
             return 0;
         case WM_LBUTTONDOWN:
-            _set_state(pressed);
+            _on_button_down();
             return 0;
         case WM_LBUTTONUP:
             _on_button_up(frame::point_of(lParam));
             return 0;
         case WM_MOUSEMOVE:
-            _on_mouse_move();
+            _on_mouse_move(frame::point_of(lParam));
             return 0;
         case WM_MOUSELEAVE:
             _on_mouse_leave();
             return 0;
+        case WM_CAPTURECHANGED:
+        case WM_CANCELMODE:
+        case WM_DESTROY:
+            _give_up_press();
+            return frame::declined;
         default:
             return frame::declined;
     }
@@ -76,8 +83,15 @@ void drawn_button::_paint(HDC target) {
     ::DeleteDC(memory);
 }
 
-void drawn_button::_on_mouse_move() {
-    if (m_tracking) {
+bool drawn_button::_contains(POINT at) const {
+    RECT client = {};
+    ::GetClientRect(m_hWnd, &client);
+    return ::PtInRect(&client, at) != FALSE;
+}
+
+void drawn_button::_on_mouse_move(POINT at) {
+    // While it is dragged off, the mouse is still told, but it is not over the button.
+    if (m_tracking || (m_held && !_contains(at))) {
         return;
     }
     TRACKMOUSEEVENT request = {sizeof(request), TME_LEAVE, m_hWnd, 0};
@@ -94,10 +108,36 @@ void drawn_button::_on_mouse_leave() {
     m_tracking = false;
 }
 
+void drawn_button::_on_button_down() {
+    m_given_up = false;
+    m_held = true;
+    ::SetCapture(m_hWnd);
+    _set_state(pressed);
+}
+
+// True when the button had the mouse.
+bool drawn_button::_give_mouse_back() {
+    const bool held = std::exchange(m_held, false);
+    if (held && ::GetCapture() == m_hWnd) {
+        ::ReleaseCapture();
+    }
+    return held;
+}
+
+void drawn_button::_give_up_press() {
+    if (_give_mouse_back()) {
+        m_given_up = true;
+        _set_state(at_rest);
+    }
+}
+
 void drawn_button::_on_button_up(POINT at) {
-    RECT client = {};
-    ::GetClientRect(m_hWnd, &client);
-    _set_state(::PtInRect(&client, at) ? hot : at_rest);
+    // Before anybody is told: a dialog that opens needs the mouse.
+    _give_mouse_back();
+    _set_state(_contains(at) ? hot : at_rest);
+    if (std::exchange(m_given_up, false)) {
+        return;
+    }
     // A press counts wherever the mouse was released, on purpose: the place only picks the picture.
     const HWND parent = ::GetParent(m_hWnd);
     _tell_press();

@@ -34,9 +34,13 @@ private:
     frame::answer _dispatch(UINT uMsg, WPARAM wParam, LPARAM lParam);
     void _on_paint();
     void _paint(HDC target);
-    void _on_mouse_move();
+    void _on_mouse_move(POINT at);
     void _on_mouse_leave();
+    void _on_button_down();
     void _on_button_up(POINT at);
+    bool _give_mouse_back();
+    void _give_up_press();
+    bool _contains(POINT at) const;
     void _set_state(state next);
     void _tell_press() const;
 
@@ -45,6 +49,10 @@ private:
     state m_state = at_rest;
     // A request to hear when the mouse leaves is outstanding.
     bool m_tracking = false;
+    // The button has the mouse from its way down on.
+    bool m_held = false;
+    // The mouse was taken away while it was down: its way up is no press.
+    bool m_given_up = false;
 };
 
 }  // namespace WTLControls
