@@ -145,6 +145,7 @@ TEST_F(RangeBarPaint, ThePicturesAreMadeAnewForAnotherWidth) {
     expect_picture(10002, 3);
     button.SetFormat(2, 1);
     ASSERT_EQ(ladder().get_Width(), 40);
+    open();
     expect_picture(10001, 0);
     expect_picture(10002, 3);
 }

@@ -4,8 +4,10 @@
 
 #include <random>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
+#include "platform/clock.h"
 #include "tests/support/number_locale_scope.h"
 
 namespace {
@@ -89,7 +91,7 @@ TEST_F(RangeLadder, PricesOnEachSideStayOnTheirGridWhereverItIsScrolled) {
     std::mt19937 random(20);
     std::uniform_int_distribution<LONG> positions(-500, 500);
     for (int i = 0; i < 2000; ++i) {
-        ladder.put_Pos(positions(random));
+        ladder.Scroll(positions(random) - ladder.get_Pos());
         const prices shown = rows();
         for (LONG row = 0; row < 7; ++row) {
             // Rows count down from the position; 1 is the ask, 0 the mid, -1 the bid.
@@ -180,7 +182,7 @@ TEST_F(RangeLadder, KeysScrollByOneAndByTen) {
         LONG steps;
     } keys[] = {{38, 1}, {104, 1}, {40, -1}, {98, -1}, {33, 10}, {105, 10}, {34, -10}, {99, -10}};
     for (const auto& each : keys) {
-        ladder.put_Pos(3);
+        ladder.Open();
         EXPECT_EQ(ladder.Key(each.key), action::moved);
         EXPECT_EQ(ladder.get_Pos(), 3 + each.steps) << each.key;
     }
@@ -272,6 +274,111 @@ TEST_F(RangeLadder, IsMovedToFitTheMonitor) {
               (std::vector<LONG>{879, 100, 920, 286}));
     EXPECT_EQ(sides_of(ladder.get_Placement({-1500, 980, -1400, 998}, monitor)),
               (std::vector<LONG>{-1000, 814, -959, 1000}));
+}
+
+// Time goes as the test says.
+class told_clock final : public platform::clock {
+public:
+    DWORD now = 5000;
+    SYSTEMTIME local_time() override { return {}; }
+    DWORD tick_count() override { return now; }
+    double milliseconds() override { return 0.0; }
+
+private:
+    platform::port<platform::clock>::replacement m_replacement{*this};
+};
+
+class FreshRows : public RangeLadder {
+protected:
+    FreshRows() { ladder.Open(); }
+    void quote(double ask, double bid) {
+        market.SetQuotes(ask, bid);
+        ladder.Follow();
+    }
+    // One letter for each row.
+    std::string fresh() const {
+        std::string rows;
+        for (LONG row = 0; row < 7; ++row) {
+            rows += ladder.IsFresh(row) ? 'f' : '-';
+        }
+        return rows;
+    }
+
+    told_clock clock;
+};
+
+TEST_F(FreshRows, AreNoneWhenTheLadderOpens) {
+    EXPECT_EQ(fresh(), "-------");
+    quote(100.0, 99.5);
+    EXPECT_EQ(fresh(), "-------") << "the quotes are as they were";
+}
+
+TEST_F(FreshRows, AreThoseWhosePriceTheQuotesMoved) {
+    quote(100.25, 99.5);
+    // The middle, 99.875, is 100 on the grid.
+    EXPECT_EQ(fresh(), "ffff---");
+    clock.now += 1000;
+    quote(100.25, 99.25);
+    EXPECT_EQ(fresh(), "---ffff");
+    clock.now += 1000;
+    quote(100.5, 99.0);
+    EXPECT_EQ(fresh(), "fff-fff") << "the middle stays at 99.75";
+}
+
+TEST_F(FreshRows, AreSoForThreeHundredMilliseconds) {
+    quote(101.0, 100.5);
+    clock.now += 299;
+    EXPECT_EQ(fresh(), "fffffff");
+    clock.now += 1;
+    EXPECT_EQ(fresh(), "-------");
+}
+
+TEST_F(FreshRows, EachMoveCountsAnew) {
+    quote(101.0, 99.5);
+    clock.now += 200;
+    quote(101.25, 99.5);
+    clock.now += 200;
+    EXPECT_EQ(fresh(), "ffff---") << "the middle is 100.5 now and was 100.25";
+    quote(101.25, 99.5);
+    clock.now += 100;
+    EXPECT_EQ(fresh(), "-------") << "a quote that moves nothing is none";
+}
+
+TEST_F(FreshRows, DoNotComeOfScrolling) {
+    ladder.Scroll(2);
+    ladder.Recalculate();
+    EXPECT_EQ(fresh(), "-------");
+    ladder.Key(33);
+    ladder.Recalculate();
+    EXPECT_EQ(fresh(), "-------");
+}
+
+// A row that he scrolls to the place of another one goes on being as new as its price.
+TEST_F(FreshRows, StayFreshWhileTheyAreScrolled) {
+    quote(100.5, 99.5);
+    ladder.Scroll(-1);
+    ladder.Recalculate();
+    EXPECT_EQ(fresh(), "fff----") << "ask and one above it, and the middle";
+    ladder.Scroll(3);
+    ladder.Recalculate();
+    EXPECT_EQ(fresh(), "ffffff-");
+}
+
+TEST_F(FreshRows, AreForgottenByTheNextOpening) {
+    quote(101.0, 100.5);
+    ladder.Open();
+    EXPECT_EQ(fresh(), "-------");
+    EXPECT_EQ(ladder.get_Pos(), 3);
+    EXPECT_EQ(ladder.get_Price(2), 101.0);
+}
+
+TEST_F(FreshRows, AreToldOverTheWrapOfTheClock) {
+    clock.now = 0xFFFFFFFF - 99;
+    quote(101.0, 100.5);
+    clock.now += 299;
+    EXPECT_EQ(fresh(), "fffffff");
+    clock.now += 1;
+    EXPECT_EQ(fresh(), "-------");
 }
 
 TEST_F(RangeLadder, RowsShowTheirPricesAsTheButtonDoes) {

@@ -67,6 +67,10 @@ protected:
     // Opens the URL with the program that the user has for it.
     virtual void OpenURL(const CString& url);
     void Repaint() const;
+    // The key that opens the drop-down part: F4, or Alt with the down arrow.
+    static bool is_drop_down_key(UINT uMsg, WPARAM key);
+    // From what comes with a key: it went down before.
+    static bool is_held_key(LPARAM key) { return (HIWORD(key) & KF_REPEAT) != 0; }
 
 private:
     frame::answer _on_mouse(UINT uMsg, WPARAM wParam, LPARAM lParam);

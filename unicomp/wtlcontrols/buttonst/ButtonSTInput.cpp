@@ -5,10 +5,6 @@ namespace WTLControls {
 
 namespace {
 
-bool is_held_key(LPARAM key) {
-    return (HIWORD(key) & KF_REPEAT) != 0;
-}
-
 WPARAM click_of(HWND window) {
     return MAKEWPARAM(::GetDlgCtrlID(window), BN_CLICKED);
 }
@@ -167,6 +163,10 @@ frame::answer CButtonST::_on_released_key() {
     return 0;
 }
 
+bool CButtonST::is_drop_down_key(UINT uMsg, WPARAM key) {
+    return (uMsg == WM_KEYDOWN && key == VK_F4) || (uMsg == WM_SYSKEYDOWN && key == VK_DOWN);
+}
+
 // A button with two parts has keys for both: space and Enter for the first, F4 and Alt with the down
 // arrow for the drop-down.
 frame::answer CButtonST::_on_key(UINT uMsg, WPARAM wParam, LPARAM lParam) {
@@ -176,9 +176,7 @@ frame::answer CButtonST::_on_key(UINT uMsg, WPARAM wParam, LPARAM lParam) {
     if (!_has_sink()) {
         return frame::declined;
     }
-    const bool drops =
-        (uMsg == WM_KEYDOWN && wParam == VK_F4) || (uMsg == WM_SYSKEYDOWN && wParam == VK_DOWN);
-    if (drops) {
+    if (is_drop_down_key(uMsg, wParam)) {
         m_sink->OnDropDownClick();
         return 0;
     }

@@ -41,8 +41,18 @@ bool AskBidButtonImpl::SubclassWindow(HWND button) {
     return m_range_bar.Create(button);
 }
 
+void AskBidButtonImpl::put_Symbol(LONG tab, const CString& name) {
+    if (tab != m_tab || name != m_symbol) {
+        CloseLadder();
+    }
+    m_tab = tab;
+    m_symbol = name;
+}
+
 void AskBidButtonImpl::SetFormat(LONG code, LONG minMove) {
-    m_prices.SetFormat(code, minMove);
+    if (m_prices.SetFormat(code, minMove)) {
+        CloseLadder();
+    }
     m_range_bar.ResetWidth();
 }
 
@@ -94,8 +104,12 @@ void AskBidButtonImpl::OnButtonClick() {
 }
 
 void AskBidButtonImpl::OnDropDownClick() {
+    _toggle_ladder(false);
+}
+
+void AskBidButtonImpl::_toggle_ladder(bool by_key) {
     const bool was_visible = m_range_bar.IsVisible();
-    m_range_bar.Place(m_hWnd);
+    m_range_bar.Place(m_hWnd, by_key);
     if (was_visible) {
         m_range_bar.Hide();
     } else {
@@ -116,12 +130,29 @@ void AskBidButtonImpl::_place_split() {
 
 // While the ladder is open the button's keys are the ladder's: it scrolls, Enter takes the price in its
 // middle, and Esc closes it.
-frame::answer AskBidButtonImpl::_on_ladder_key(WPARAM key) {
+frame::answer AskBidButtonImpl::_on_ladder_key(WPARAM key, bool held) {
     if (key == VK_RETURN || key == VK_SPACE) {
-        m_range_bar.Select(middle_row);
+        // A key that goes on being held is no press of what has come under it.
+        if (!held) {
+            m_range_bar.Select(middle_row);
+        }
         return 0;
     }
     return m_range_bar.Key(static_cast<int>(key)) ? frame::answer(0) : frame::declined;
+}
+
+frame::answer AskBidButtonImpl::_on_key_down(UINT uMsg, WPARAM wParam, LPARAM lParam) {
+    if (uMsg == WM_KEYDOWN && m_range_bar.IsVisible()) {
+        const frame::answer taken = _on_ladder_key(wParam, is_held_key(lParam));
+        if (taken) {
+            return taken;
+        }
+    }
+    if (is_drop_down_key(uMsg, wParam)) {
+        _toggle_ladder(true);
+        return 0;
+    }
+    return frame::declined;
 }
 
 frame::answer AskBidButtonImpl::_ProcessWindowMessage(UINT uMsg, WPARAM wParam, LPARAM lParam) {
@@ -141,6 +172,11 @@ frame::answer AskBidButtonImpl::_ProcessWindowMessage(UINT uMsg, WPARAM wParam, 
         case WM_ENABLE:
             // What a button that can't be used shows is another text.
             m_prices.SetDirty();
+            [[fallthrough]];
+        case WM_SHOWWINDOW:
+            if (wParam == FALSE) {
+                CloseLadder();
+            }
             break;
         case WM_GETDLGCODE:
             if (m_range_bar.IsVisible() && wParam != VK_TAB) {
@@ -153,13 +189,13 @@ frame::answer AskBidButtonImpl::_ProcessWindowMessage(UINT uMsg, WPARAM wParam, 
             }
             break;
         case WM_KEYDOWN:
-            if (m_range_bar.IsVisible()) {
-                const frame::answer taken = _on_ladder_key(wParam);
-                if (taken) {
-                    return taken;
-                }
+        case WM_SYSKEYDOWN: {
+            const frame::answer taken = _on_key_down(uMsg, wParam, lParam);
+            if (taken) {
+                return taken;
             }
             break;
+        }
         case WM_NCDESTROY:
             m_range_bar.Destroy();
             break;

@@ -23,7 +23,9 @@ public:
     void put_Mode(LONG mode) { m_prices.put_Mode(mode); }
     bool IsIdle() const { return m_prices.IsIdle(); }
 
-    // Scale and tick of the symbol.
+    // The symbol that is shown, and on which tab. The ladder of another one closes.
+    void put_Symbol(LONG tab, const CString& name);
+    // Scale and tick of the symbol. The ladder of another scale closes.
     void SetFormat(LONG code, LONG minMove);
     void SetQuotes(double ask, double bid) { m_prices.SetQuotes(ask, bid); }
     // The price last chosen, by the button or from its ladder.
@@ -31,6 +33,8 @@ public:
     // Brings the text and the face up to date.
     void Redraw();
     RangeBar& get_RangeBar() { return m_range_bar; }
+    // For what the user does not do himself. Nothing when it is closed.
+    void CloseLadder() { m_range_bar.Close(); }
 
     // Posts the command of item 231 to the parent, as a click does. position is the row's place: 1 ask, 0
     // mid, -1 bid.
@@ -48,12 +52,16 @@ private:
     void _place_split();
     static CString _spoken(const CString& shown);
     void _post_command() const;
-    frame::answer _on_ladder_key(WPARAM key);
+    frame::answer _on_key_down(UINT uMsg, WPARAM wParam, LPARAM lParam);
+    frame::answer _on_ladder_key(WPARAM key, bool held);
+    void _toggle_ladder(bool by_key);
 
     CAskBidPrices m_prices;
     RangeBar m_range_bar{*this, m_prices};
     // A request to hear when the mouse leaves is outstanding.
     bool m_tracking = false;
+    LONG m_tab = 0;
+    CString m_symbol;
     CFittedFont m_font;
     frame::accessible_name m_name;
 };

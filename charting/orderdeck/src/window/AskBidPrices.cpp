@@ -38,10 +38,13 @@ void CAskBidPrices::SetQuotes(double ask, double bid) {
     m_bid = bid;
 }
 
-void CAskBidPrices::SetFormat(LONG code, LONG minMove) {
+bool CAskBidPrices::SetFormat(LONG code, LONG minMove) {
+    const LONG move = std::max<LONG>(minMove, 1);
+    const bool changed = code != m_format->Code || move != m_min_move;
     m_dirty = true;
     m_format = std::make_unique<CPriceToString>(code);
-    m_min_move = std::max<LONG>(minMove, 1);
+    m_min_move = move;
+    return changed;
 }
 
 double CAskBidPrices::_price_of_mode() const {

@@ -35,8 +35,8 @@ public:
     void SetDirty() { m_dirty = true; }
     void put_Mode(LONG mode);
     void SetQuotes(double ask, double bid);
-    // A minMove below 1 counts as 1.
-    void SetFormat(LONG code, LONG minMove);
+    // A minMove below 1 counts as 1. True when that is another scale or tick than before.
+    bool SetFormat(LONG code, LONG minMove);
 
     // Takes the price of the mode for the chosen one; without a mode the former stays.
     void Choose();

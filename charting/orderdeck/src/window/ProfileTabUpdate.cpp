@@ -78,6 +78,8 @@ void CProfileTabWindow::_update_lookup(HWND window, IUnifyControl& field, bool b
     if (!BS_ASSERT(pSymbolCtrl)) {
         return;
     }
+    const auto tab = m_pBar->get_CurTab();
+    m_ask_bid.put_Symbol(tab ? tab->get_Id() : 0, text_of_value(field));
     if (!pSymbolCtrl->IsEmpty()) {
         const LONG category = pSymbolCtrl->get_Category();
         m_quantity.put_Mode(category);

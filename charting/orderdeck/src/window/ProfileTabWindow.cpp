@@ -85,6 +85,11 @@ BOOL CProfileTabWindow::ProcessWindowMessage(HWND, UINT uMsg, WPARAM wParam, LPA
             const auto dc = reinterpret_cast<HDC>(wParam);
             return frame::take(guarded(BS_HERE, [&] { return OnEraseBackground(dc); }), lResult);
         }
+        case WM_SHOWWINDOW:
+            if (wParam == FALSE) {
+                m_ask_bid.CloseLadder();
+            }
+            return FALSE;
         case WM_TIMER:
             return frame::take(guarded(BS_HERE, [&] { return OnTimer(wParam); }), lResult);
         case WM_SIZE:

@@ -13,7 +13,6 @@ namespace {
 constexpr int up_id = 10001;
 constexpr int down_id = 10002;
 constexpr UINT quotes_title = 140;
-constexpr LONG first_pos = 3;
 const wchar_t alphabet[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
 
 HFONT bar_font() {
@@ -21,13 +20,17 @@ HFONT bar_font() {
 }
 
 // Deliberately without the task bar's part: nothing of the ladder is to lie behind it.
-RECT monitor_under_cursor() {
-    POINT cursor = {};
-    ::GetCursorPos(&cursor);
+RECT room_of(HMONITOR monitor) {
     MONITORINFO info = {};
     info.cbSize = sizeof(info);
-    ::GetMonitorInfoW(::MonitorFromPoint(cursor, MONITOR_DEFAULTTONEAREST), &info);
+    ::GetMonitorInfoW(monitor, &info);
     return info.rcWork;
+}
+
+HMONITOR monitor_under_cursor() {
+    POINT cursor = {};
+    ::GetCursorPos(&cursor);
+    return ::MonitorFromPoint(cursor, MONITOR_DEFAULTTONEAREST);
 }
 
 HWND make_arrow(HWND parent, int id, const wchar_t* name) {
@@ -235,18 +238,49 @@ void RangeBar::Hide() {
     ::EnableWindow(m_hWnd, FALSE);
 }
 
-void RangeBar::Place(HWND button) {
+bool RangeBar::_has_focus() const {
+    const HWND focus = ::GetFocus();
+    return focus != nullptr && (focus == m_hWnd || ::IsChild(m_hWnd, focus));
+}
+
+void RangeBar::Close() {
+    if (!IsVisible()) {
+        return;
+    }
+    const bool had_focus = _has_focus();
+    Hide();
+    if (had_focus) {
+        _focus_owner();
+    }
+}
+
+// A host may have put its bar under another window since.
+void RangeBar::_follow_root(HWND button) {
+    const HWND root = ::GetAncestor(button, GA_ROOT);
+    if (::GetWindow(m_hWnd, GW_OWNER) != root) {
+        ::SetWindowLongPtrW(m_hWnd, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(root));
+    }
+}
+
+void RangeBar::Place(HWND button, bool by_key) {
+    _follow_root(button);
     RECT from = {};
     ::GetWindowRect(button, &from);
-    const RECT at = m_ladder.get_Placement(from, monitor_under_cursor());
+    const HMONITOR monitor =
+        by_key ? ::MonitorFromWindow(button, MONITOR_DEFAULTTONEAREST) : monitor_under_cursor();
+    const RECT at = m_ladder.get_Placement(from, room_of(monitor));
     ::SetWindowPos(m_hWnd, HWND_TOPMOST, at.left, at.top, at.right - at.left, at.bottom - at.top,
                    SWP_NOACTIVATE);
-    m_ladder.put_Pos(first_pos);
-    Recalculate();
+    m_ladder.Open();
+    _redraw();
 }
 
 void RangeBar::Recalculate() {
     m_ladder.Recalculate();
+    _redraw();
+}
+
+void RangeBar::_redraw() const {
     if (m_hWnd != nullptr) {
         ::InvalidateRect(m_hWnd, nullptr, FALSE);
     }
@@ -257,7 +291,12 @@ void RangeBar::Refresh() {
         _build_images();
         _resize();
     }
-    Recalculate();
+    m_ladder.Follow();
+    _redraw();
+    // A host that hides its bar tells the button nothing.
+    if (IsVisible() && !::IsWindowVisible(m_owner->get_Hwnd())) {
+        Close();
+    }
 }
 
 void RangeBar::ResetWidth() {
@@ -269,11 +308,19 @@ void RangeBar::ResetWidth() {
 
 void RangeBar::_focus_owner() {
     const HWND button = m_owner->get_Hwnd();
-    ::SendMessageW(::GetParent(button), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(button), TRUE);
+    if (::IsWindowEnabled(button)) {
+        ::SendMessageW(::GetParent(button), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(button), TRUE);
+    } else {
+        ::SetFocus(::GetParent(button));
+    }
 }
 
 void RangeBar::Select(LONG row) {
-    const double price = m_ladder.Pick(row);
+    const double price = m_ladder.get_Price(row);
+    if (m_ladder.IsFresh(row)) {
+        return;
+    }
+    m_ladder.Pick(row);
     m_owner->OnRangeSelect(m_ladder.get_Pick(), price);
     Hide();
     _focus_owner();
@@ -283,6 +330,7 @@ bool RangeBar::Key(int code) {
     switch (m_ladder.Key(code)) {
         case CRangeLadder::action::hide:
             Hide();
+            _focus_owner();
             return true;
         case CRangeLadder::action::moved:
             Recalculate();

@@ -48,15 +48,20 @@ public:
     // Opens at the rectangle's place without becoming active.
     void Show();
     void Hide();
-    // Places the bar beside the button, topmost and without showing it.
-    void Place(HWND button);
+    // Hides it for a reason that is not the user's: he does not lose the focus by it. Nothing when it is
+    // hidden.
+    void Close();
+    // Places the bar beside the button, topmost and without showing it: on the monitor that the user looks
+    // at, which is the mouse's, or by a key the button's.
+    void Place(HWND button, bool by_key);
     // Brings the prices up to date and draws them.
     void Recalculate();
     // Width and rows for new quotes.
     void Refresh();
     // The width of a new symbol.
     void ResetWidth();
-    // Takes the row as a click on it does. Throws std::out_of_range for a row that is none.
+    // Takes the row as a click on it does; one whose price moved under the user's hand is not taken. Throws
+    // std::out_of_range for a row that is none.
     void Select(LONG row);
     // Scrolls or hides by a key. False for a key that means nothing here.
     bool Key(int code);
@@ -79,7 +84,10 @@ private:
     void _build_images();
     void _destroy_images();
     void _resize();
+    void _redraw() const;
+    bool _has_focus() const;
     void _focus_owner();
+    void _follow_root(HWND button);
     void _set_hot_row(LONG row);
 
     static platform::window_class s_class;

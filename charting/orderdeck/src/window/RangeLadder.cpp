@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/clock.h"
+
 namespace OV_OrderDeck {
 
 namespace {
@@ -10,6 +12,9 @@ constexpr LONG first_width = 40;
 constexpr LONG row_count = 7;
 constexpr int letters = 26;
 constexpr LONG page = 10;
+constexpr LONG first_pos = 3;
+// Less than it takes to see a price and to press it.
+constexpr DWORD fresh_for = 300;
 
 // Virtual keys, by the names that the platform gives them. The four pairs take what the number pad sends.
 enum key : int {
@@ -94,6 +99,34 @@ void CRangeLadder::Recalculate() {
     for (LONG row = 0; row < m_rows; ++row) {
         m_prices[static_cast<std::size_t>(row)] = _price(row);
     }
+}
+
+std::array<double, 3> CRangeLadder::_anchors() const {
+    return {m_market->get_Ask(), m_market->get_Mid(), m_market->get_Bid()};
+}
+
+void CRangeLadder::Follow() {
+    const std::array<double, 3> now = _anchors();
+    for (std::size_t side = 0; side < now.size(); ++side) {
+        if (now[side] != m_followed[side]) {
+            m_changed[side] = platform::port<platform::clock>::get().tick_count();
+        }
+    }
+    m_followed = now;
+    Recalculate();
+}
+
+void CRangeLadder::Open() {
+    m_pos = first_pos;
+    m_changed = {};
+    m_followed = _anchors();
+    Recalculate();
+}
+
+bool CRangeLadder::IsFresh(LONG row) const {
+    const std::optional<DWORD>& changed = m_changed[static_cast<std::size_t>(get_Side(row))];
+    // Ticks wrap.
+    return changed && platform::port<platform::clock>::get().tick_count() - *changed < fresh_for;
 }
 
 double CRangeLadder::get_Price(LONG row) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <optional>
 #include <vector>
 
 #include "charting/orderdeck/src/window/AskBidPrices.h"
@@ -34,7 +36,8 @@ public:
     RECT get_Placement(const RECT& button, const RECT& monitor) const;
 
     LONG get_Pos() const { return m_pos; }
-    void put_Pos(LONG pos) { m_pos = pos; }
+    // Goes to its first place, with nothing that moved under the user's hand.
+    void Open();
     LONG get_Pick() const { return m_pick; }
     LONG get_HotRow() const { return m_hot_row; }
     // True when that is another row than before.
@@ -42,6 +45,11 @@ public:
 
     // Brings all prices up to date.
     void Recalculate();
+    // The same after the quotes changed, whose time is noted.
+    void Follow();
+    // The quotes moved the row's price so lately that a press on it may be meant for the former one. What
+    // the user moves himself counts for nothing, nor what moved before he opened it.
+    bool IsFresh(LONG row) const;
     // Throws std::out_of_range.
     double get_Price(LONG row) const;
     CString get_Text(LONG row) const;
@@ -72,6 +80,8 @@ private:
     // A row's place as the ladder counts it: upwards, and past the three anchors above.
     LONG _offset(LONG row) const { return m_pos - 3 - row; }
     double _price(LONG row) const;
+    // Of ask, mid and bid, by side: all rows of a side move together.
+    std::array<double, 3> _anchors() const;
 
     const CAskBidPrices* m_market;
     LONG m_row_height = 0;
@@ -79,6 +89,9 @@ private:
     LONG m_rows = 7;
     LONG m_width = 40;
     std::vector<double> m_prices;
+    // As they were followed last, and when they changed, by the system's ticks.
+    std::array<double, 3> m_followed{};
+    std::array<std::optional<DWORD>, 3> m_changed{};
     LONG m_pos = 3;
     LONG m_pick = 3;
     LONG m_char_width = 0;
