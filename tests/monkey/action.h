@@ -84,6 +84,9 @@ struct action {
     bool operator==(const action&) const = default;
 };
 
+// What passes from one action to the next, in milliseconds.
+inline constexpr int ticks_of_an_action = 120;
+
 using sequence = std::vector<action>;
 
 // What the host does while a question is open, as the action to come tells.

@@ -156,6 +156,7 @@ void host_side::forget() {
 }
 
 void host_side::prepare(const action& done) {
+    m_clock.ticks += ticks_of_an_action;
     m_lookup->dialog = pick(dialog_answers(), done.which);
     m_lookup->supported = done.yes;
     m_confirmer->refused = done.what == act::restart ? done.which % 6 : done.yes ? 0 : 1;

@@ -51,9 +51,10 @@ class world_clock final : public platform::clock {
 public:
     // Quarters of a day since 2030-05-15 06:00, which is 47618.25 as an OLE date.
     int quarters = 0;
+    DWORD ticks = 0;
 
     SYSTEMTIME local_time() override;
-    DWORD tick_count() override { return 0; }
+    DWORD tick_count() override { return ticks; }
     double milliseconds() override { return 0.0; }
 
 private:

@@ -7,9 +7,11 @@ namespace monkey {
 void quotes_model::put_usable(bool usable) {
     m_changed = m_changed || usable != m_usable;
     m_usable = usable;
+    m_open = m_open && usable;
 }
 
 void quotes_model::put_format(LONG code, LONG min_move) {
+    m_open = m_open && code == m_code && min_move == m_min_move;
     m_code = code;
     m_min_move = min_move;
     m_changed = true;
@@ -45,13 +47,24 @@ void quotes_model::draw() {
     if (!(m_ask > 0.0 && m_bid > 0.0)) {
         m_ask = m_bid = 0.0;
     }
+    note_moves();
     work_out_rows();
     const bool shows_price = m_usable && m_side != 0 && m_ask > 0.0;
     m_caption = (shows_price ? price_to_text(offered(), m_code, m_min_move) : L"買價/賣價") + L" ";
     m_changed = false;
     if (m_side == 0) {
-        m_usable = false;
+        m_usable = m_open = false;
     }
+}
+
+void quotes_model::note_moves() {
+    const std::array<double, 3> now = anchors();
+    for (std::size_t i = 0; i < now.size(); ++i) {
+        if (now[i] != m_anchors[i]) {
+            m_moved_at[i] = m_now;
+        }
+    }
+    m_anchors = now;
 }
 
 // Two above the ask, the ask, the middle, the bid, and two below it, moved by what was scrolled.
@@ -77,6 +90,8 @@ double quotes_model::press() {
 void quotes_model::toggle_ladder() {
     m_position = 3;
     work_out_rows();
+    m_anchors = anchors();
+    m_moved_at = {};
     m_open = !m_open;
 }
 
@@ -85,9 +100,14 @@ void quotes_model::scroll(int rows) {
     work_out_rows();
 }
 
-double quotes_model::pick(int row) {
-    m_hit = m_rows.at(static_cast<std::size_t>(row));
+std::optional<double> quotes_model::pick(int row) {
+    constexpr int reaction = 300;
     const int position = m_position - row;
+    const std::optional<int>& moved = m_moved_at.at(position > 0 ? 0 : position == 0 ? 1 : 2);
+    if (moved && m_now - *moved < reaction) {
+        return {};
+    }
+    m_hit = m_rows.at(static_cast<std::size_t>(row));
     if (position >= -1 && position <= 1) {
         m_side = 2 - position;
     }

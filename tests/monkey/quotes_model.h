@@ -17,6 +17,9 @@ public:
     void put_quotes(std::optional<std::pair<double, double>> bid_and_ask);
     const CString& caption() const { return m_caption; }
 
+    // Milliseconds.
+    void pass_time(int ticks) { m_now += ticks; }
+
     // A press on the price; what it asks for.
     double press();
     // A press beside it.
@@ -24,12 +27,15 @@ public:
     void hide_ladder() { m_open = false; }
     bool ladder_is_open() const { return m_open; }
     void scroll(int rows);
-    // The price of a row, 0 the upmost, which goes out.
-    double pick(int row);
+    // The price of a row, 0 the upmost, which goes out. None when the quotes moved it just now.
+    std::optional<double> pick(int row);
 
 private:
     void draw();
     void work_out_rows();
+    // Of the ask, the middle and the bid.
+    std::array<double, 3> anchors() const { return {m_ask, middle(), m_bid}; }
+    void note_moves();
     double middle() const;
     double offered() const;
 
@@ -46,6 +52,9 @@ private:
     bool m_open = false;
     int m_position = 3;
     std::array<double, 7> m_rows{};
+    int m_now = 0;
+    std::array<double, 3> m_anchors{};
+    std::array<std::optional<int>, 3> m_moved_at{};
 };
 
 }  // namespace monkey

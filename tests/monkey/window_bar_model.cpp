@@ -33,6 +33,8 @@ void window_model::torn_down() {
     m_last_category = -1;
     m_quantity.reset();
     m_quotes = {};
+    m_shown_tab = 0;
+    m_shown_symbol.clear();
     m_date = m_earliest = 0.0;
 }
 

@@ -210,6 +210,9 @@ void window_model::removed_all() {
 
 void window_model::show() {
     lay_out_first();
+    if (m_strip.empty()) {
+        m_quotes.hide_ladder();
+    }
     update_current(0x3FF80, false);
 }
 
@@ -312,6 +315,11 @@ void window_model::update_list(const row_model& row, bit field) {
 }
 
 void window_model::update_symbol(row_model& row, bool keep_quantity) {
+    if (row.id != m_shown_tab || row.symbol_name() != m_shown_symbol) {
+        m_quotes.hide_ladder();
+    }
+    m_shown_tab = row.id;
+    m_shown_symbol = row.symbol_name();
     if (!row.symbol()) {
         return;
     }

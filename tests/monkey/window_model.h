@@ -65,7 +65,10 @@ private:
     void filled() override { show(); }
     void remember(memory_model& memory) override;
     void take_up(const memory_model& memory) override;
-    void begin(const action& done) override { m_at_rest = done.what == act::rest; }
+    void begin(const action& done) override {
+        m_at_rest = done.what == act::rest;
+        m_quotes.pass_time(ticks_of_an_action);
+    }
     void bar_action(const action& done) override;
     bool reaches_tabs() const override { return false; }
     void raised_inside(const raised& failure) override;
@@ -116,6 +119,9 @@ private:
     LONG m_last_category = -1;
     quantity_model m_quantity;
     quotes_model m_quotes;
+    // The tab and the symbol that the panel was told of last.
+    LONG m_shown_tab = 0;
+    CString m_shown_symbol;
     // The picker of the date: what it shows, and the first day that it lets be picked.
     double m_date = 0.0;
     double m_earliest = 0.0;

@@ -137,7 +137,9 @@ void window_model::ladder(row_model& row, const action& done) {
                 m_quotes.toggle_ladder();
             }
             if (m_quotes.ladder_is_open()) {
-                row.pick_quote(m_quotes.pick(done.which % 7));
+                if (const auto price = m_quotes.pick(done.which % 7)) {
+                    row.pick_quote(*price);
+                }
             }
             return;
         default:
