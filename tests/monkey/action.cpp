@@ -23,8 +23,8 @@ constexpr std::array<habit, act_count> habits = {{
     {"spin_second_price", 12},
     {"pick_ask", 40},
     {"pick_bid", 20},
-    {"buy", 20},
-    {"sell", 16},
+    {"buy", 40},
+    {"sell", 32},
     {"type_symbol", 24},
     {"leave_symbol", 8},
     {"symbol_dialog", 8},
@@ -34,7 +34,9 @@ constexpr std::array<habit, act_count> habits = {{
     {"escape_symbol", 5},
     {"odd_key", 5},
     {"arrow_in_list", 12},
-    {"press_space", 5},
+    {"press_space", 8},
+    {"type_and_press", 40},
+    {"abandon_press", 8},
     {"open_ladder", 16},
     {"scroll_ladder", 16},
     {"pick_row", 20},
@@ -44,7 +46,7 @@ constexpr std::array<habit, act_count> habits = {{
     {"set_up", 2},
     {"size_bar", 2},
     {"host_menu", 5},
-    {"midnight", 5},
+    {"midnight", 8},
     {"quote", 90},
     {"state", 40},
     {"silent_state", 3},
@@ -64,8 +66,9 @@ constexpr std::array<habit, act_count> habits = {{
     {"drive_symbol_id", 4},
     {"drive_account", 5},
     {"drive_active", 8},
-    {"pass_time", 3},
+    {"pass_time", 6},
     {"interrupt", 8},
+    {"meddle", 20},
     {"restart", 4},
     {"rest", 6},
 }};
@@ -74,7 +77,49 @@ constexpr std::array<act, 8> interruptions = {act::state,           act::quote, 
                                               act::remove_profile,  act::add_profile, act::drive_active,
                                               act::reload_complete, act::delete_all};
 
+constexpr std::array<act, 19> meddlings = {act::state,
+                                           act::quote,
+                                           act::rename_profile,
+                                           act::remove_profile,
+                                           act::drive_active,
+                                           act::drive_symbol,
+                                           act::drive_account,
+                                           act::change_accounts,
+                                           act::select_type,
+                                           act::select_time,
+                                           act::type_quantity,
+                                           act::type_first_price,
+                                           act::type_second_price,
+                                           act::select_account,
+                                           act::pick_ask,
+                                           act::pick_date,
+                                           act::type_and_press,
+                                           act::buy,
+                                           act::sell};
+
 }  // namespace
+
+bool presses_buy(const action& done) {
+    return done.what == act::buy || (done.what != act::sell && done.yes);
+}
+
+action meddling(const action& told) {
+    const auto count = static_cast<int>(meddlings.size());
+    return {meddlings.at(static_cast<std::size_t>(told.which % count)), told.who, told.which / count,
+            told.yes};
+}
+
+const std::vector<const char*>& meddled_calls() {
+    static const std::vector<const char*> all = {"ManualTrading.SetAccount",     "ManualTrading.SetSymbol",
+                                                 "ManualTrading.GetAccounts",    "ManualTrading.BeforeOrder",
+                                                 "ManualTrading.PlaceOrder",     "ManualTrading.AfterOrder",
+                                                 "ManualTrading.GetTimeInForces"};
+    return all;
+}
+
+const char* meddled_call(const action& told) {
+    return meddled_calls().at(static_cast<std::size_t>(told.who) % meddled_calls().size());
+}
 
 action interruption(const action& told) {
     const auto count = static_cast<int>(interruptions.size());

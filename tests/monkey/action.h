@@ -31,6 +31,10 @@ enum class act {
     odd_key,
     arrow_in_list,
     press_space,
+    // Types and presses at once, the focus still in the field.
+    type_and_press,
+    // A press that is given up: the mouse is released elsewhere.
+    abandon_press,
     open_ladder,
     scroll_ladder,
     pick_row,
@@ -65,6 +69,8 @@ enum class act {
     pass_time,
     // What the host does while the next question is open.
     interrupt,
+    // What an unruly host does inside one of the bar's next calls to it.
+    meddle,
     // The bar is closed and made anew.
     restart,
     // The monkey does nothing until the screen is at rest.
@@ -87,10 +93,19 @@ struct action {
 // What passes from one action to the next, in milliseconds.
 inline constexpr int ticks_of_an_action = 120;
 
+// Of a press, which of the two.
+bool presses_buy(const action& done);
+
 using sequence = std::vector<action>;
 
 // What the host does while a question is open, as the action to come tells.
 action interruption(const action& told);
+
+// The same inside a call, and which call it is.
+action meddling(const action& told);
+const char* meddled_call(const action& told);
+// The operations in which a host meddles.
+const std::vector<const char*>& meddled_calls();
 
 action random_action(std::mt19937& random);
 // As a line of C++, `{act::buy, 0, 3, false}`, which may be pasted into a test.

@@ -180,7 +180,8 @@ void bar_model::add(int profile, bool silent) {
     m_rows.push_back(std::make_unique<row_model>(m_host, m_out, profile, m_next_id++));
     row_model& row = *m_rows.back();
     row.bar = {[this](const row_model& from, unsigned mask) { update(from, mask); },
-               [this](const row_model& from, bit field) { focus(from, field); }, [this] { asked(); }};
+               [this](const row_model& from, bit field) { focus(from, field); }, [this] { asked(); },
+               [this] { m_notes.emplace_back("order not sent"); }};
     if (m_host.fails(broken::advise)) {
         m_out.assertions.emplace_back("S_OK == hr");
         row.listens = false;

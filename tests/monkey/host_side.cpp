@@ -118,6 +118,10 @@ host_side::host_side()
         const auto profile = platform::make_com<test::FakeProfile>(host, names.name);
         profile->outer_id = names.outer_id;
         profile->plugin = plugin_name;
+        const auto place = static_cast<int>(m_profiles.size());
+        const auto trading = platform::make_com<world_trading>(host, names.name, place, door);
+        profile->trading = com_ptr<test::FakeManualTrading>(trading.get());
+        m_trading.push_back(trading);
         profile->trading->accounts = account_lists().front();
         apply_times(*profile, time_lists().front());
         m_profiles.push_back(profile);
@@ -174,6 +178,8 @@ outcome host_side::take() {
     for (const std::wstring& trace : reports.traces()) {
         if (trace.starts_with(L"Master's counter")) {
             seen.calls.push_back(test::narrow(trace));
+        } else if (trace.starts_with(L"Order not sent: ")) {
+            seen.calls.emplace_back("order not sent");
         }
     }
     for (const reported_assertion& each : reports.assertions()) {
@@ -181,6 +187,9 @@ outcome host_side::take() {
     }
     for (const auto& box : desktop.message_boxes()) {
         seen.boxes.push_back(test::narrow(box.text) + " flags " + std::to_string(box.flags));
+    }
+    for (std::string& line : door.take()) {
+        seen.calls.push_back(std::move(line));
     }
     forget();
     return seen;
@@ -227,10 +236,12 @@ HRESULT host_side::profile_event(const action& done) {
             apply_times(profile, pick(time_lists(), done.which));
             return S_OK;
         case act::break_call:
-            host.fail(operation_of(static_cast<broken>(done.which % broken_count)), E_FAIL);
+            break_call(static_cast<broken>(done.which % broken_count));
             return S_OK;
         case act::mend_calls:
             host.forget_faults();
+            listen_to_calls();
+            agree(true);
             return S_OK;
         case act::silent_settings:
             profile.have_settings = done.yes ? VARIANT_TRUE : VARIANT_FALSE;
@@ -241,10 +252,27 @@ HRESULT host_side::profile_event(const action& done) {
         case act::interrupt:
             m_interrupt = interruption(done);
             return S_OK;
+        case act::meddle:
+            m_meddling = done;
+            return S_OK;
         case act::host_menu:
             return host_menu(done.which);
         default:
             return S_OK;
+    }
+}
+
+void host_side::break_call(broken what) {
+    if (what == broken::agreement) {
+        agree(false);
+    } else {
+        host.fail(operation_of(what), E_FAIL);
+    }
+}
+
+void host_side::agree(bool agrees) {
+    for (const auto& each : m_trading) {
+        each->says_no = !agrees;
     }
 }
 

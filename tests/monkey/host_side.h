@@ -12,6 +12,7 @@
 #include "platform/clock.h"
 #include "tests/monkey/action.h"
 #include "tests/monkey/expectation.h"
+#include "tests/monkey/witness.h"
 #include "tests/monkey/world.h"
 #include "tests/support/diagnostics_recorder.h"
 #include "tests/support/fake_host.h"
@@ -95,11 +96,14 @@ public:
     void forget();
 
     test::fake_host host;
+    witness door;
     diagnostics_recorder reports;
     world_desktop desktop;
     com_ptr<OV_OrderDeck::COrderDeckObj> root;
     // The tabs of the bar, which the root keeps to itself; none where they can't be had.
     std::function<const OV_OrderDeck::tab_infos&()> tabs;
+    // Lets the host do what it was told to inside the calls of the bar; done does it.
+    void be_unruly(std::function<void(const action&)> done);
     // A bar was made, and nothing was taken up yet.
     std::function<void()> made;
 
@@ -110,7 +114,11 @@ private:
     HRESULT drive(const action& done);
     HRESULT list(const com_ptr<test::FakeProfile>& profile, bool with_null);
     void unlist(const com_ptr<test::FakeProfile>& profile);
+    void break_call(broken what);
+    void agree(bool agrees);
     void interrupt();
+    void meddle(const char* operation);
+    void listen_to_calls();
     void plant(const action& done) const;
     std::string named(std::string call) const;
     test::FakeProfiles& collection() { return *m_center->profiles; }
@@ -129,9 +137,12 @@ private:
     test::fake_class m_editor_class;
     // By place in the world's list, whether the collection has them or not.
     std::vector<com_ptr<test::FakeProfile>> m_profiles;
+    std::vector<com_ptr<world_trading>> m_trading;
     HWND m_frame = nullptr;
     HWND m_bar = nullptr;
     std::optional<action> m_interrupt;
+    std::optional<action> m_meddling;
+    std::function<void(const action&)> m_unruly;
 };
 
 // The component's own key of the user's registry.

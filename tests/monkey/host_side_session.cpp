@@ -75,6 +75,28 @@ void host_side::interrupt() {
     }
 }
 
+void host_side::be_unruly(std::function<void(const action&)> done) {
+    m_unruly = std::move(done);
+    listen_to_calls();
+}
+
+void host_side::listen_to_calls() {
+    if (m_unruly) {
+        for (const char* const operation : meddled_calls()) {
+            host.on_call(operation, [this, operation] { meddle(operation); });
+        }
+    }
+}
+
+// Once, in the call that was told.
+void host_side::meddle(const char* operation) {
+    if (m_meddling && std::string_view(meddled_call(*m_meddling)) == operation) {
+        const action event = meddling(*m_meddling);
+        m_meddling.reset();
+        m_unruly(event);
+    }
+}
+
 HRESULT host_side::host_menu(int which) {
     SAFEARRAY* items = nullptr;
     const HRESULT hr = root->get_Commands(&items);

@@ -7,33 +7,6 @@ namespace monkey {
 
 namespace {
 
-const char* name_of(bit field) {
-    switch (field) {
-        case symbol_bit:
-            return "symbol";
-        case type_bit:
-            return "type";
-        case quantity_bit:
-            return "quantity";
-        case first_price_bit:
-            return "first price";
-        case second_price_bit:
-            return "second price";
-        case account_bit:
-            return "account";
-        case time_bit:
-            return "time";
-        case date_bit:
-            return "date";
-        case quotes_bit:
-            return "quotes";
-        case buy_bit:
-            return "buy";
-        default:
-            return "sell";
-    }
-}
-
 std::string spin_range(const row_model& row) {
     const double steps = std::ceil(250000.0 / row.tick());
     const double most = std::numeric_limits<LONG>::max();
@@ -134,8 +107,13 @@ void logic_model::select(row_model& row, const action& done) {
 }
 
 void logic_model::button(row_model& row, const action& done) {
-    if (done.what == act::buy || done.what == act::sell) {
-        row.place_order(done.what == act::buy ? 1 : 2);
+    if (done.what == act::type_and_press) {
+        row.put_price(second_price_bit, pick(price_texts(), done.which));
+    }
+    if (done.what == act::buy || done.what == act::sell || done.what == act::type_and_press) {
+        seen_row seen = row.sight();
+        alter(seen, done.which);
+        row.press(presses_buy(done) ? 1 : 2, seen);
     } else if (done.what == act::pick_ask || done.what == act::pick_bid) {
         row.pick_quote(hit_price(done.what == act::pick_ask ? row.ask() : row.bid()));
     }

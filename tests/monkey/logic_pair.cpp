@@ -10,4 +10,8 @@ pair_maker the_pair() {
     return {[] { return std::make_unique<logic_subject>(); }, [] { return std::make_unique<logic_model>(); }};
 }
 
+pair_maker the_unruly_host() {
+    return {[] { return std::make_unique<logic_subject>(true); }, {}};
+}
+
 }  // namespace monkey

@@ -1,17 +1,23 @@
 #include "tests/monkey/logic_subject.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "charting/orderdeck/src/root/GlobalData.h"
 #include "tests/monkey/logic_model.h"
+#include "tests/support/field_sight.h"
 
 namespace monkey {
 
+using OV_OrderDeck::CRowSight;
+using OV_OrderDeck::EPressSource;
 using OV_OrderDeck::IAskBidCtrl;
+using OV_OrderDeck::IPressedButton;
 using OV_OrderDeck::ISymbolCtrl;
 using OV_OrderDeck::ITab;
 using OV_OrderDeck::IUnifyControl;
 using OV_OrderDeck::OD_UpdateEntity;
+using OV_OrderDeck::SShownItem;
 
 namespace {
 
@@ -19,19 +25,12 @@ boost::shared_ptr<IUnifyControl> field_of(ITab& tab, bit field) {
     return tab.get_Control(static_cast<OD_UpdateEntity>(field));
 }
 
-const char* name_of(bit field) {
-    static const std::map<bit, const char*> names = {{symbol_bit, "symbol"},
-                                                     {type_bit, "type"},
-                                                     {quantity_bit, "quantity"},
-                                                     {first_price_bit, "first price"},
-                                                     {second_price_bit, "second price"},
-                                                     {account_bit, "account"},
-                                                     {time_bit, "time"},
-                                                     {date_bit, "date"},
-                                                     {quotes_bit, "quotes"},
-                                                     {buy_bit, "buy"},
-                                                     {sell_bit, "sell"}};
-    return names.at(field);
+int profile_of(ITab& tab) {
+    const CString id = tab.get_Profile()->get_OuterID();
+    const auto& all = profiles();
+    return static_cast<int>(
+        std::find_if(all.begin(), all.end(), [&](const profile_names& each) { return each.outer_id == id; }) -
+        all.begin());
 }
 
 std::string items_of(IUnifyControl& field) {
@@ -99,7 +98,7 @@ std::vector<LONG> keys_of(IUnifyControl& field) {
 
 }  // namespace
 
-logic_subject::logic_subject() {
+logic_subject::logic_subject(bool unruly) {
     m_factory.host = m_host.host;
     m_factory.window = m_host.desktop.make_window();
     test::the_bar_factory = &m_factory;
@@ -109,6 +108,9 @@ logic_subject::logic_subject() {
     m_host.start(m_frame);
     m_host.fill();
     m_host.made();
+    if (unruly) {
+        m_host.be_unruly([this](const action& done) { act_upon(done); });
+    }
 }
 
 logic_subject::~logic_subject() {
@@ -123,15 +125,24 @@ outcome logic_subject::perform(const action& done) {
         show_tab(done.who);
     } else if (done.what == act::restart) {
         hr = m_host.restart(done, m_frame);
-    } else if (done.what > act::switch_tab) {
-        hr = m_host.perform(done);
-    } else if (const auto tab = bar().get_CurTab()) {
-        hr = done.what == act::profile_menu ? profile_menu(*tab, done.which)
-                                            : code_of([&] { user(*tab, done); });
+    } else {
+        hr = act_upon(done);
     }
     outcome result = m_host.take();
     result.error = error_text(hr);
     return result;
+}
+
+HRESULT logic_subject::act_upon(const action& done) {
+    if (done.what > act::switch_tab) {
+        return m_host.perform(done);
+    }
+    const auto tab = bar().get_CurTab();
+    if (!tab) {
+        return S_OK;
+    }
+    return done.what == act::profile_menu ? profile_menu(*tab, done.which)
+                                          : code_of([&] { user(*tab, done); });
 }
 
 void logic_subject::show_tab(int who) {
@@ -183,10 +194,12 @@ void logic_subject::user(ITab& tab, const action& done) {
             quotes.put_Value(_variant_t(hit_price(quotes.get_Bid())));
             return;
         case act::buy:
-            field_of(tab, buy_bit)->Select(0);
-            return;
         case act::sell:
-            field_of(tab, sell_bit)->Select(0);
+            press(tab, done);
+            return;
+        case act::type_and_press:
+            field_of(tab, second_price_bit)->put_Value(_variant_t(pick(price_texts(), done.which).c_str()));
+            press(tab, done);
             return;
         case act::pick_date:
             field_of(tab, date_bit)->put_Value(_variant_t(pick(dates(), done.which), VT_DATE));
@@ -195,6 +208,27 @@ void logic_subject::user(ITab& tab, const action& done) {
             type(tab, done);
             return;
     }
+}
+
+// Who presses sees what the fields hold, now and then with an item that is stale or wild.
+void logic_subject::press(ITab& tab, const action& done) {
+    CRowSight sight = test::sight_of_fields(tab);
+    seen_row seen;
+    seen.profile = profile_of(tab);
+    seen.day = sight.day;
+    for (const bit field : all_bits()) {
+        const SShownItem& item = sight[static_cast<OD_UpdateEntity>(field)];
+        seen.items[field] = {item.text, item.shown, item.enabled};
+    }
+    alter(seen, done.which);
+    sight.day = seen.day;
+    sight.source = static_cast<EPressSource>(1 + done.who % 3);
+    for (const auto& [field, item] : seen.items) {
+        sight[static_cast<OD_UpdateEntity>(field)].text = item.text;
+    }
+    const auto button = field_of(tab, presses_buy(done) ? buy_bit : sell_bit);
+    const witness::watched watched(m_host.door, seen);
+    dynamic_cast<IPressedButton&>(*button).Press(sight);
 }
 
 void logic_subject::select(ITab& tab, const action& done) {

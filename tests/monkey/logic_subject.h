@@ -9,14 +9,17 @@ namespace monkey {
 // The root, the tabs and their fields, in a bar without windows.
 class logic_subject final : public subject {
 public:
-    logic_subject();
+    // An unruly host meddles inside the bar's calls.
+    explicit logic_subject(bool unruly = false);
     ~logic_subject() override;
 
     outcome perform(const action& done) override;
     view seen(const view& expected) override;
 
 private:
+    HRESULT act_upon(const action& done);
     void user(OV_OrderDeck::ITab& tab, const action& done);
+    void press(OV_OrderDeck::ITab& tab, const action& done);
     void select(OV_OrderDeck::ITab& tab, const action& done);
     void type(OV_OrderDeck::ITab& tab, const action& done);
     void show_tab(int who);

@@ -94,9 +94,37 @@ sequence make_sequence(unsigned seed, int steps) {
     return actions;
 }
 
+// What was done against the rule of the press.
+std::string forbidden(const outcome& found) {
+    std::string text;
+    for (const std::string& call : found.calls) {
+        if (call.starts_with("forbidden: ")) {
+            text += "  " + call + "\n";
+        }
+    }
+    return text;
+}
+
+difference play_by_the_rule(const pair_maker& make, const sequence& actions) {
+    const auto bar = make.bar();
+    sequence done;
+    std::string text;
+    for (const action& each : actions) {
+        if (!text.empty()) {
+            break;
+        }
+        done.push_back(each);
+        text = forbidden(bar->perform(each));
+    }
+    return {done, text};
+}
+
 }  // namespace
 
 difference play(const pair_maker& make, const sequence& actions) {
+    if (!make.model) {
+        return play_by_the_rule(make, actions);
+    }
     const auto model = make.model();
     const auto bar = make.bar();
     model->start();
@@ -143,6 +171,7 @@ run_options options_of(int argc, char** argv, int seconds) {
         };
         number("--seed=", options.seed);
         number("--seconds=", options.seconds);
+        number("--actions=", options.actions);
         number("--steps=", options.steps);
     }
     return options;
@@ -155,14 +184,15 @@ run_result run(const pair_maker& make, const run_options& options) {
         const sequence actions = make_sequence(result.seed, options.steps);
         if (difference found = play(make, actions); found.found()) {
             // Said at once: the search may take its time.
-            std::cout << "seed " << result.seed << " differs after " << found.done.size() << " actions"
-                      << std::endl;
+            std::cout << "seed " << result.seed << " differs after " << found.done.size() << " actions in\n"
+                      << found.text << std::endl;
             result.shortest = shrink(make, std::move(found));
             return result;
         }
         ++result.sequences;
         result.actions += actions.size();
-        if (options.seed != 0 || std::chrono::steady_clock::now() >= end) {
+        const bool enough = result.actions >= options.actions && std::chrono::steady_clock::now() >= end;
+        if (options.seed != 0 || enough) {
             return result;
         }
     }

@@ -14,6 +14,7 @@ namespace monkey {
 // Makes a fresh bar and a fresh model of it.
 struct pair_maker {
     std::function<std::unique_ptr<subject>()> bar;
+    // None where only the rule of the press is held against the bar, whatever else it does.
     std::function<std::unique_ptr<bar_model>()> model;
 };
 
@@ -39,6 +40,8 @@ struct run_options {
     int seconds = 30;
     // Of one sequence, each of which starts in a fresh bar.
     int steps = 250;
+    // So many at least, however long it takes.
+    std::size_t actions = 0;
 };
 
 struct run_result {
@@ -49,8 +52,8 @@ struct run_result {
     difference shortest;
 };
 
-// --seed=, --seconds= and --steps=; without --seconds the environment's ORDERDECK_MONKEY_SECONDS, without it
-// the given time. Leaves other arguments alone.
+// --seed=, --seconds=, --actions= and --steps=; without --seconds the environment's ORDERDECK_MONKEY_SECONDS,
+// without it the given time. Leaves other arguments alone.
 run_options options_of(int argc, char** argv, int seconds);
 
 run_result run(const pair_maker& make, const run_options& options);

@@ -6,6 +6,7 @@
 #include <numeric>
 
 #include "tests/monkey/price_model.h"
+#include "tests/monkey/quantity_model.h"
 
 namespace monkey {
 
@@ -17,13 +18,6 @@ constexpr LONG no_quantity = 0x7FFFFFFF;
 constexpr double no_date = 2.0;
 
 }  // namespace
-
-const std::vector<bit>& all_bits() {
-    static const std::vector<bit> all = {symbol_bit,       type_bit,    quantity_bit, first_price_bit,
-                                         second_price_bit, account_bit, time_bit,     date_bit,
-                                         quotes_bit,       buy_bit,     sell_bit};
-    return all;
-}
 
 row_model::row_model(host_model& host, outcome& out, int number_of_profile, LONG new_id)
     : profile(number_of_profile),
@@ -254,10 +248,24 @@ bool row_model::empty(bit field) const {
     }
 }
 
-CString row_model::caption(const wchar_t* verb) const {
-    static const std::vector<const wchar_t*> words = {L"市價", L"停止", L"限價", L"停限"};
-    return CString(verb) + L" " + words.at(static_cast<std::size_t>(m_type - 1)) + L"\n" +
-           grouped(m_quantity);
+seen_row row_model::sight() const {
+    seen_row seen;
+    seen.profile = profile;
+    seen.day = static_cast<LONG>(m_date);
+    for (const bit field : all_bits()) {
+        seen.items[field] = {{}, !hidden(field), enabled(field)};
+    }
+    const auto time = m_times.find(m_time);
+    seen.items[symbol_bit].text = symbol_name();
+    seen.items[type_bit].text = type_text(m_type);
+    seen.items[quantity_bit].text = shown_quantity(m_quantity);
+    seen.items[first_price_bit].text = m_first.text;
+    seen.items[second_price_bit].text = m_second.text;
+    seen.items[account_bit].text = account();
+    seen.items[time_bit].text = time != m_times.end() ? time->second : CString();
+    seen.items[buy_bit].text = caption_of(1, m_type, m_quantity);
+    seen.items[sell_bit].text = caption_of(2, m_type, m_quantity);
+    return seen;
 }
 
 std::string row_model::value(bit field) const {
@@ -288,9 +296,9 @@ std::string row_model::value(bit field) const {
         case quotes_bit:
             return test::number_text(m_bid) + " " + test::number_text(m_ask);
         case buy_bit:
-            return narrow(caption(L"買進"));
+            return narrow(caption_of(1, m_type, m_quantity));
         default:
-            return narrow(caption(L"賣出"));
+            return narrow(caption_of(2, m_type, m_quantity));
     }
 }
 

@@ -7,25 +7,11 @@
 #include <string>
 #include <vector>
 
+#include "tests/monkey/bits.h"
 #include "tests/monkey/host_model.h"
+#include "tests/monkey/seen_row.h"
 
 namespace monkey {
-
-// Bits of the fields, as masks of updates have them.
-enum bit : unsigned {
-    symbol_bit = 0x80,
-    type_bit = 0x100,
-    quantity_bit = 0x200,
-    first_price_bit = 0x400,
-    second_price_bit = 0x800,
-    account_bit = 0x1000,
-    time_bit = 0x2000,
-    date_bit = 0x4000,
-    quotes_bit = 0x8000,
-    buy_bit = 0x10000,
-    sell_bit = 0x20000
-};
-const std::vector<bit>& all_bits();
 
 // Ends an action with an error.
 struct raised {
@@ -53,6 +39,8 @@ public:
         std::function<void(const row_model&, bit field)> focus;
         // A question is open.
         std::function<void()> asked;
+        // A press sent nothing, which is noted.
+        std::function<void()> stopped;
     };
 
     row_model(host_model& host, outcome& out, int number_of_profile, LONG new_id);
@@ -79,7 +67,9 @@ public:
     void spin_price(bit field, int steps);
     void pick_quote(double price);
     void put_date(double ole_date);
-    void place_order(LONG action);
+    // The user, or another program, presses Buy (1) or Sell (2) and saw this. True when nothing was sent
+    // because something differs.
+    bool press(LONG action, const seen_row& seen);
     void lookup(const CString& text, bool ask_connect, bool quiet);
     void lookup_by_id(LONG symbol_id);
     void lookup_by_name(const CString& text);
@@ -104,8 +94,11 @@ public:
     CString symbol_name() const { return m_symbol ? m_symbol->name : CString(); }
     const std::optional<test::symbol>& symbol() const { return m_symbol; }
     CString account() const;
+    const std::vector<CString>& accounts() const { return m_accounts; }
     // The lists' keys, in their order.
     std::vector<LONG> keys(bit field) const;
+    // What a screen shows that shows just what the fields hold.
+    seen_row sight() const;
     // What a price field shows.
     std::string price_text(bit field) const { return test::narrow(price_of(field).text); }
 
@@ -145,6 +138,12 @@ private:
     void set_current_account();
     void update(unsigned mask) { bar.update(*this, mask); }
 
+    // True when the host has taken the symbol.
+    bool tell_symbol();
+    bool tell_refused_symbol();
+    sent_order order_of(LONG action) const;
+    void place(const sent_order& order);
+
     void start_lookup();
     lookup_answer ask_lookup(const CString& text, bool quiet);
     void store(const test::symbol& record);
@@ -153,7 +152,6 @@ private:
     void box(const CString& text, unsigned flags);
     bool check_price(bit field);
     bool check_prices();
-    CString caption(const wchar_t* verb) const;
 
     host_model& m_host;
     outcome& m_out;
@@ -173,6 +171,7 @@ private:
     double m_ask;
     double m_bid;
     bool m_quoted = true;
+    bool m_symbol_refused = false;
 };
 
 }  // namespace monkey

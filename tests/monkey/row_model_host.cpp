@@ -9,12 +9,6 @@ namespace monkey {
 
 namespace {
 
-CString time_text(LONG code) {
-    static const std::vector<CString> texts = {
-        L"DAY(當日有效)", L"GTC(取消前有效)", L"GTD(到期前有效)", L"IOC(立即成交否則取消)", L"FOK", L"AON"};
-    return code >= 1 && code <= 6 ? texts.at(static_cast<std::size_t>(code - 1)) : CString();
-}
-
 // Where a price without its fraction stands in a message.
 CString whole(double value) {
     return std::to_wstring(static_cast<LONG>(value));
@@ -129,25 +123,85 @@ bool row_model::check_prices() {
     }
 }
 
-void row_model::place_order(LONG action) {
+sent_order row_model::order_of(LONG action) const {
+    const auto sent = [&](bit field) { return empty(field) ? 0.0 : price_of(field).value; };
+    return {
+        profile, action,    m_type,        m_quantity, sent(first_price_bit), sent(second_price_bit), m_time,
+        m_date,  account(), symbol_name(), true};
+}
+
+bool row_model::press(LONG action, const seen_row& seen) {
+    const bit button = action == 1 ? buy_bit : sell_bit;
+    if (!seen.items.at(button).enabled || !enabled(button)) {
+        bar.stopped();
+        return true;
+    }
     if (!check_prices()) {
-        return;
+        return false;
     }
     if (empty(quantity_bit) || empty(time_bit) || (m_time == 3 && empty(date_bit))) {
         m_out.assertions.emplace_back("*");
         throw raised{"0x80004005"};
     }
-    set_current_account();
-    need_trading();
-    const auto sent = [&](bit field) {
-        return test::number_text(empty(field) ? 0.0 : price_of(field).value);
-    };
-    call("PlaceOrder(" + std::to_string(action) + ", " + std::to_string(m_type) + ", " +
-         std::to_string(m_quantity) + ", " + sent(first_price_bit) + ", " + sent(second_price_bit) + ", " +
-         std::to_string(m_time) + ", date(" + test::number_text(m_date) + "))");
+    const sent_order order = order_of(action);
+    // A time in force that the list no longer has shows nothing and goes out all the same.
+    if (m_times.count(m_time) == 0 || !broken_items(seen, order).empty()) {
+        bar.stopped();
+        return true;
+    }
+    if (tell_refused_symbol()) {
+        set_current_account();
+        need_trading();
+        place(order);
+    }
+    return false;
+}
+
+void row_model::place(const sent_order& order) {
+    if (wants_receipts(profile)) {
+        call("BeforeOrder()");
+        if (m_host.fails(broken::receipt)) {
+            m_out.assertions.emplace_back("*");
+            return;
+        }
+        if (m_host.fails(broken::agreement)) {
+            return;
+        }
+    }
+    call("PlaceOrder(" + std::to_string(order.action) + ", " + std::to_string(order.category) + ", " +
+         std::to_string(order.quantity) + ", " + test::number_text(order.stop_price) + ", " +
+         test::number_text(order.limit_price) + ", " + std::to_string(order.time_in_force) + ", date(" +
+         test::number_text(order.date) + "))");
     if (m_host.fails(broken::order)) {
         m_out.assertions.emplace_back("*");
     }
+    if (wants_receipts(profile)) {
+        call("AfterOrder(" + std::to_string(m_host.fails(broken::order) ? E_FAIL : S_OK) + ")");
+    }
+}
+
+// A host that refused a symbol would take the order for the one before.
+bool row_model::tell_refused_symbol() {
+    if (m_symbol_refused && !tell_symbol()) {
+        box(L"經紀商未接受商品 " + symbol_name() + L", 委託未送出。", 0);
+        return false;
+    }
+    return true;
+}
+
+bool row_model::tell_symbol() {
+    m_symbol_refused = true;
+    if (!trading()) {
+        m_out.assertions.emplace_back("_trad");
+        return false;
+    }
+    call("SetSymbol(" + (m_symbol ? test::quoted(m_symbol->name) : "null") + ", " + test::quoted(own_feed) +
+         ")");
+    m_symbol_refused = m_host.fails(broken::set_symbol);
+    if (m_symbol_refused) {
+        m_out.assertions.emplace_back("*");
+    }
+    return !m_symbol_refused;
 }
 
 void row_model::start_lookup() {
@@ -261,15 +315,7 @@ void row_model::symbol_changed() {
         clear_prices();
     }
     reset_quotes();
-    if (trading()) {
-        call("SetSymbol(" + (m_symbol ? test::quoted(m_symbol->name) : "null") + ", " +
-             test::quoted(own_feed) + ")");
-        if (m_host.fails(broken::set_symbol)) {
-            m_out.assertions.emplace_back("*");
-        }
-    } else {
-        m_out.assertions.emplace_back("_trad");
-    }
+    tell_symbol();
     update(0x3FF80);
 }
 

@@ -89,11 +89,14 @@ void window_model::bar_action(const action& done) {
     }
 }
 
-// A date of the past becomes today, and no day before that can be picked any more. The row is not told.
+// A date of the past becomes today, for the row too, and no day before that can be picked any more.
 void window_model::midnight() {
     const double today = std::floor(host().now);
     if (std::floor(m_date) < today) {
         m_date = m_earliest = today;
+        if (row_model* const row = find(m_current)) {
+            row->put_date(today);
+        }
     }
 }
 

@@ -61,6 +61,23 @@ const std::vector<double>& picked_dates() {
     return all;
 }
 
+press_way way_of(const action& done) {
+    return static_cast<press_way>(done.who % 4);
+}
+
+bit typed_field(const action& done) {
+    static const std::vector<bit> fields = {quantity_bit, first_price_bit, second_price_bit, second_price_bit,
+                                            symbol_bit};
+    return pick(fields, done.which);
+}
+
+const CString& typed_text(bit field, int which) {
+    const int place = which / 5;
+    return field == symbol_bit     ? pick(symbol_texts(), place)
+           : field == quantity_bit ? pick(odd_quantities(), place)
+                                   : pick(price_texts(), place);
+}
+
 const std::vector<int>& steps_up_and_down() {
     static const std::vector<int> all = {1, -1};
     return all;
@@ -269,7 +286,7 @@ void window_model::update_panel(row_model& row, bit field, bool keep_quantity) {
     its.hidden = row.hidden(field);
     if (field == symbol_bit) {
         update_symbol(row, keep_quantity);
-        its.text = test::narrow(row.symbol_name());
+        put_text(field, row.symbol_name());
     } else if (field == quantity_bit) {
         if (m_quantity.value() != row.quantity()) {
             m_quantity.put_value(row.quantity());
@@ -280,15 +297,31 @@ void window_model::update_panel(row_model& row, bit field, bool keep_quantity) {
         if (row.tick() < std::numeric_limits<double>::epsilon()) {
             out().assertions.emplace_back("0");
         }
-        its.text = row.price_text(field);
+        put_text(field, row.sight().items.at(field).text);
         its.range = spin_text(row);
     } else if (field == quotes_bit) {
         update_quotes(row);
     } else if (field == date_bit) {
         update_date(row);
     } else {
-        its.text = row.value(field);
+        put_text(field, row.sight().items.at(field).text);
     }
+}
+
+void window_model::put_text(bit field, const CString& text) {
+    m_panel[field].text = test::narrow(text);
+    m_panel[field].read = text;
+}
+
+seen_row window_model::screen(const row_model& row) const {
+    seen_row seen;
+    seen.profile = row.profile;
+    seen.day = static_cast<LONG>(std::floor(m_date));
+    for (const auto& [field, its] : m_panel) {
+        seen.items[field] = {its.read, !its.hidden, usable(field)};
+    }
+    seen.items[quantity_bit].text = m_quantity.text();
+    return seen;
 }
 
 void window_model::update_quotes(const row_model& row) {
@@ -297,10 +330,17 @@ void window_model::update_quotes(const row_model& row) {
                                               : std::optional(std::pair(row.bid(), row.ask())));
 }
 
-// The picker does not go where it may not be set.
-void window_model::update_date(const row_model& row) {
+// A day that has passed becomes today. The picker does not go where it may not be set: then its date is the
+// field's.
+void window_model::update_date(row_model& row) {
+    const double today = std::floor(host().now);
+    if (row.date() < today) {
+        row.put_date(today);
+    }
     if (row.date() >= m_earliest) {
         m_date = row.date();
+    } else {
+        row.put_date(m_date);
     }
 }
 
@@ -312,6 +352,8 @@ void window_model::update_list(const row_model& row, bit field) {
     its.keys = row.keys(field);
     const LONG key = std::stoi(all.substr(mark + 9));
     its.selected = std::find(its.keys.begin(), its.keys.end(), key) != its.keys.end() ? key : -1;
+    its.read = its.selected != -1 ? row.sight().items.at(field).text : CString();
+    its.names = field == account_bit ? row.accounts() : std::vector<CString>();
 }
 
 void window_model::update_symbol(row_model& row, bool keep_quantity) {

@@ -33,6 +33,14 @@ const std::vector<int>& ladder_steps();
 // The items that make room for a field which goes or comes.
 const std::vector<int>& items_beyond(bit field);
 
+// How he presses Buy and Sell, or how another program does.
+enum class press_way { mouse, click, command, space };
+press_way way_of(const action& done);
+// Where he types before he presses.
+bit typed_field(const action& done);
+// What he types there.
+const CString& typed_text(bit field, int which);
+
 class window_model final : public bar_model {
 public:
     explicit window_model(std::shared_ptr<const item_widths> widths);
@@ -44,9 +52,13 @@ private:
         bool enabled = false;
         bool hidden = false;
         std::string text;
+        // What is read in the box, where the text above is all of a list.
+        CString read;
         // Of a list, the keys and the one that is selected; -1 for none.
         std::vector<LONG> keys;
         LONG selected = -1;
+        // Of the accounts' list, the names.
+        std::vector<CString> names;
         // Of a price, what its spin says.
         std::string range;
     };
@@ -80,7 +92,7 @@ private:
     void update_symbol(row_model& row, bool keep_quantity);
     void update_list(const row_model& row, bit field);
     void update_quotes(const row_model& row);
-    void update_date(const row_model& row);
+    void update_date(row_model& row);
     void midnight();
     void select_tab(LONG id, bool keep_quantity);
     LONG tab_at(int which) const { return m_strip.at(static_cast<std::size_t>(which) % m_strip.size()).id; }
@@ -97,7 +109,15 @@ private:
     void type_quantity(const CString& keys);
     void step_quantity(int which);
     void strike_odd_key(row_model& row, int which);
-    void press(row_model& row, bool buys);
+    // What is on the screen now.
+    seen_row screen(const row_model& row) const;
+    // What somebody saw who looked as the press began, and the press; a stopped one shows the row anew.
+    void press(row_model& row, bool buys, const seen_row& seen);
+    void type_and_press(row_model& row, const action& done);
+    // Types and stays in the field; then goes.
+    void type_in(row_model& row, bit field, int which);
+    void leave_field(row_model& row, bit field);
+    void put_text(bit field, const CString& text);
     void walk_list(row_model& row, int which);
     void ladder(row_model& row, const action& done);
     void pick_date(row_model& row, double date);

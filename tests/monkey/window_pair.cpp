@@ -13,4 +13,9 @@ pair_maker the_pair() {
             [widths] { return std::make_unique<window_model>(widths); }};
 }
 
+pair_maker the_unruly_host() {
+    const auto widths = std::make_shared<item_widths>();
+    return {[widths] { return std::make_unique<window_subject>(*widths, true); }, {}};
+}
+
 }  // namespace monkey

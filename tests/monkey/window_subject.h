@@ -15,7 +15,7 @@ namespace monkey {
 class window_subject final : public subject {
 public:
     // Fills in the widths.
-    explicit window_subject(item_widths& widths);
+    explicit window_subject(item_widths& widths, bool unruly = false);
     ~window_subject() override;
 
     outcome perform(const action& done) override;
@@ -34,7 +34,16 @@ private:
     void select(int id, int which);
     void type(int id, const CString& text);
     void spin(int id, int steps);
-    void press(int id);
+    // What is on the screen, as windows tell it to anybody.
+    seen_row eyes() const;
+    CString text_of(bit field) const;
+    void press(bit button, press_way way);
+    void press_space(bit button);
+    void type_and_press(const action& done);
+    // The mouse goes down on the button and up beside it.
+    void abandon_press(bit button);
+    // Until the fields stand that belong to what is chosen.
+    void settle();
     // In the window that has the focus.
     static void strike(WPARAM key);
     void click_quotes(bool on_the_arrow);
@@ -70,6 +79,7 @@ private:
     // Where the items stood before anything moved.
     std::map<int, LONG> m_places;
     bool m_at_rest = false;
+    bool m_unruly = false;
 };
 
 }  // namespace monkey

@@ -41,11 +41,14 @@ void window_subject::user(const action& done) {
             SendMessageW(GetWindow(item(item_of(symbol_bit)), GW_CHILD), BM_CLICK, 0, 0);
             return;
         case act::buy:
-            return press(item_of(buy_bit));
         case act::sell:
-            return press(item_of(sell_bit));
+            return press(done.what == act::buy ? buy_bit : sell_bit, way_of(done));
         case act::press_space:
-            return strike_in(item_of(done.yes ? buy_bit : sell_bit), VK_SPACE);
+            return press(done.yes ? buy_bit : sell_bit, press_way::space);
+        case act::type_and_press:
+            return type_and_press(done);
+        case act::abandon_press:
+            return abandon_press(done.yes ? buy_bit : sell_bit);
         case act::odd_key:
             return strike_in(item_of(pick(number_fields(), done.which)),
                              done.which / 3 % 2 == 0 ? VK_ESCAPE : VK_RETURN);
@@ -97,12 +100,6 @@ void window_subject::spin(int id, int steps) {
         notice.hdr = {item(id), static_cast<UINT_PTR>(id), UDN_DELTAPOS};
         notice.iDelta = steps;
         SendMessageW(m_panel, WM_NOTIFY, static_cast<WPARAM>(id), reinterpret_cast<LPARAM>(&notice));
-    }
-}
-
-void window_subject::press(int id) {
-    if (usable(id)) {
-        SendMessageW(item(id), BM_CLICK, 0, 0);
     }
 }
 

@@ -1,8 +1,18 @@
 // What the user does on the panel.
+#include <algorithm>
+
 #include "tests/monkey/price_model.h"
 #include "tests/monkey/window_model.h"
 
 namespace monkey {
+
+namespace {
+
+bit pressed_bit(const action& done) {
+    return presses_buy(done) ? buy_bit : sell_bit;
+}
+
+}  // namespace
 
 void window_model::guarded(const std::function<void()>& handler) {
     try {
@@ -43,9 +53,14 @@ void window_model::user(row_model& row, const action& done) {
             return leave_symbol();
         case act::buy:
         case act::sell:
-            return press(row, done.what == act::buy);
         case act::press_space:
-            return press(row, done.yes);
+            if (usable(pressed_bit(done)) ||
+                (done.what != act::press_space && way_of(done) == press_way::command)) {
+                press(row, pressed_bit(done) == buy_bit, screen(row));
+            }
+            return;
+        case act::type_and_press:
+            return type_and_press(row, done);
         case act::odd_key:
             return strike_odd_key(row, done.which);
         case act::arrow_in_list:
@@ -62,8 +77,7 @@ void window_model::user(row_model& row, const action& done) {
             return profile_menu(row, done.which);
         case act::escape_symbol:
             // What was typed is taken back, a name that was not found included.
-            m_panel[symbol_bit].text = test::narrow(row.symbol_name());
-            return;
+            return put_text(symbol_bit, row.symbol_name());
         default:
             return;
     }
@@ -75,19 +89,87 @@ void window_model::select(row_model& row, bit field, int which) {
         return;
     }
     // The box shows what the user picked, be it taken or not.
-    its.selected = pick(its.keys, which);
+    const auto place = static_cast<std::size_t>(which) % its.keys.size();
+    its.selected = its.keys[place];
     if (field == type_bit) {
+        its.read = type_text(its.selected);
         row.select_type(its.selected);
     } else if (field == time_bit) {
+        its.read = time_text(its.selected);
         row.select_time(its.selected);
     } else {
+        its.read = its.names.at(place);
         row.select_account(its.selected);
     }
 }
 
-void window_model::press(row_model& row, bool buys) {
-    if (usable(buys ? buy_bit : sell_bit)) {
-        guarded([&] { row.place_order(buys ? 1 : 2); });
+void window_model::press(row_model& row, bool buys, const seen_row& seen) {
+    const LONG id = row.id;
+    bool stopped = false;
+    guarded([&] { stopped = row.press(buys ? 1 : 2, seen); });
+    if (stopped && m_current == id) {
+        for (const bit field : all_bits()) {
+            guarded([&] { update_panel(*find(id), field, true); });
+        }
+    }
+}
+
+void window_model::type_in(row_model& row, bit field, int which) {
+    const CString& text = typed_text(field, which);
+    if (field == quantity_bit) {
+        m_quantity.enter();
+        m_quantity.type(text);
+    } else if (field == symbol_bit) {
+        put_text(field, text);
+    } else {
+        row.put_price(field, text);
+        put_text(field, text);
+    }
+}
+
+void window_model::leave_field(row_model& row, bit field) {
+    if (field == quantity_bit) {
+        m_quantity.leave();
+    } else if (field == symbol_bit) {
+        CString typed = m_panel[symbol_bit].read;
+        guarded([&] { lookup_typed(typed, false, true); });
+        put_text(symbol_bit, typed);
+    } else if (!row.empty(field)) {
+        update_panel(row, field, false);
+    }
+}
+
+// The mouse takes the focus out of the field when the press has begun, the space bar before; a command leaves
+// it there.
+void window_model::type_and_press(row_model& row, const action& done) {
+    const bit field = typed_field(done);
+    const bit button = done.yes ? buy_bit : sell_bit;
+    const press_way way = way_of(done);
+    const bool types = usable(field);
+    if (types) {
+        type_in(row, field, done.which);
+    }
+    bool left = !types;
+    const auto leave = [&] {
+        if (!left) {
+            left = true;
+            leave_field(row, field);
+        }
+    };
+    if (way == press_way::space && usable(button)) {
+        leave();
+    }
+    if (usable(button) || way == press_way::command) {
+        const seen_row seen = screen(row);
+        if (way != press_way::command) {
+            leave();
+        }
+        if (row_model* const pressed = find(m_current)) {
+            press(*pressed, done.yes, seen);
+        }
+    }
+    if (find(m_current) == &row) {
+        leave();
     }
 }
 
@@ -112,10 +194,10 @@ void window_model::walk_list(row_model& row, int which) {
     if (!its.enabled || place == its.keys.end()) {
         return;
     }
+    // At either end of the list the same item is told once more.
     const auto wanted = place - its.keys.begin() + pick(steps_up_and_down(), which / 3);
-    if (wanted >= 0 && wanted < static_cast<std::ptrdiff_t>(its.keys.size())) {
-        select(row, field, static_cast<int>(wanted));
-    }
+    const auto last = static_cast<std::ptrdiff_t>(its.keys.size()) - 1;
+    select(row, field, static_cast<int>(std::clamp<std::ptrdiff_t>(wanted, 0, last)));
 }
 
 void window_model::ladder(row_model& row, const action& done) {
@@ -185,7 +267,7 @@ void window_model::type_price(row_model& row, bit field, const CString& text) {
         return;
     }
     row.put_price(field, text);
-    m_panel[field].text = test::narrow(text);
+    put_text(field, text);
     if (!row.empty(field)) {
         update_panel(row, field, false);
     }
@@ -198,7 +280,8 @@ void window_model::spin(row_model& row, bit field, int steps) {
     }
 }
 
-// The edit shows the symbol's own name again unless the lookup failed. Another tab may be in front by then.
+// The edit shows the symbol's own name again, whatever came of the lookup. Another tab may be in front by
+// then.
 void window_model::lookup_typed(CString& typed, bool asks, bool quiet) {
     row_model* const row = find(m_current);
     if (row == nullptr) {
@@ -208,9 +291,17 @@ void window_model::lookup_typed(CString& typed, bool asks, bool quiet) {
     if (typed == row->symbol_name()) {
         return;
     }
-    row->lookup(typed, asks, quiet);
-    const row_model* const shown = find(m_current);
-    typed = shown != nullptr ? shown->symbol_name() : typed;
+    const auto show = [&] {
+        const row_model* const shown = find(m_current);
+        typed = shown != nullptr ? shown->symbol_name() : typed;
+    };
+    try {
+        row->lookup(typed, asks, quiet);
+    } catch (const raised&) {
+        show();
+        throw;
+    }
+    show();
 }
 
 // The edit has the focus after its button was pressed.
@@ -226,7 +317,7 @@ void window_model::type_symbol(const CString& text, bool enter) {
         guarded([&] { lookup_typed(typed, true, false); });
     }
     guarded([&] { lookup_typed(typed, false, true); });
-    m_panel[symbol_bit].text = test::narrow(typed);
+    put_text(symbol_bit, typed);
 }
 
 }  // namespace monkey

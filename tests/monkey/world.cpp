@@ -140,11 +140,54 @@ const std::vector<lookup_answer>& dialog_answers() {
 }
 
 const std::vector<CString>& price_texts() {
-    static const std::vector<CString> all = {
-        L"100",    L"101.25", L"12 3/32",   L"0.01", L"0",     L"250000", L"250000.01", L"1,234.5",
-        L"-5",     L"-1 1/2", L"abc",       L"",     L"1/0",   L"1 1/2",  L"99.995",    L"10.004",
-        L"10.006", L"1/2",    L"249999.99", L"1",    L"0.5",   L"/",      L"1 /4",      L"1.5/4",
-        L"2 x/4",  L"7/8/9",  L"3 3 /4",    L"1e3",  L"200.5", L"3.25",   L"0.0031",    L"  42 "};
+    static const std::vector<CString> all = {L"100",
+                                             L"101.25",
+                                             L"12 3/32",
+                                             L"0.01",
+                                             L"0",
+                                             L"250000",
+                                             L"250000.01",
+                                             L"1,234.5",
+                                             L"-5",
+                                             L"-1 1/2",
+                                             L"abc",
+                                             L"",
+                                             L"1/0",
+                                             L"1 1/2",
+                                             L"99.995",
+                                             L"10.004",
+                                             L"10.006",
+                                             L"1/2",
+                                             L"249999.99",
+                                             L"1",
+                                             L"0.5",
+                                             L"/",
+                                             L"1 /4",
+                                             L"1.5/4",
+                                             L"2 x/4",
+                                             L"7/8/9",
+                                             L"3 3 /4",
+                                             L"1e3",
+                                             L"200.5",
+                                             L"3.25",
+                                             L"0.0031",
+                                             L"  42 ",
+                                             L"6010,5",
+                                             L"71,24",
+                                             L"117 33/32",
+                                             L"60,10",
+                                             L"1e2",
+                                             L".5",
+                                             L"5.",
+                                             L"117 31/32",
+                                             L"100K",
+                                             L"1.5M",
+                                             L"6,010.25",
+                                             L"1234567890123456",
+                                             L"0.1234567890123456",
+                                             L"100.0000000001",
+                                             L"64 1/64",
+                                             L"6 010"};
     return all;
 }
 
@@ -220,7 +263,9 @@ const char* operation_of(broken what) {
         "ProfileEditor.Show",
         "Lookup.GetSymbolInfoById",
         "Lookup.IsPluginSupported",
-        "OnCommand.Execute"};
+        "OnCommand.Execute",
+        "ManualTrading.BeforeOrder",
+        ""};
     return names.at(static_cast<std::size_t>(what));
 }
 

@@ -76,6 +76,11 @@ const std::vector<CString>& remembered_names();
 // A symbol that an earlier bar may have remembered; 0 for none.
 LONG planted_id(int which);
 
+// Every other profile of the host asks for receipts.
+constexpr bool wants_receipts(int profile) {
+    return profile % 2 == 0;
+}
+
 // Operations of the host that can be made to fail, by the names of the fake host.
 enum class broken {
     accounts,
@@ -109,9 +114,12 @@ enum class broken {
     editor,
     lookup_by_id,
     lookup_plugin,
-    lock
+    lock,
+    receipt,
+    // The host says no to what it is shown; no call fails.
+    agreement
 };
-inline constexpr int broken_count = static_cast<int>(broken::lock) + 1;
+inline constexpr int broken_count = static_cast<int>(broken::agreement) + 1;
 const char* operation_of(broken what);
 
 }  // namespace monkey
