@@ -22,6 +22,9 @@ public:
         bool pushed;
     };
     std::vector<press> presses;
+    // Whether each release was a click.
+    std::vector<bool> releases;
+    void OnPressEnds(HWND, bool clicks) override { releases.push_back(clicks); }
     void OnPressBegins(HWND button, bool byKey) override {
         presses.push_back(
             {button, byKey, GetFocus(), (SendMessageW(button, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0});
@@ -54,6 +57,18 @@ protected:
     press_recorder sink;
     plain_button button;
 };
+
+TEST_F(ButtonPress, EndsWithAClickOnlyWhereTheButtonIsReleased) {
+    mouse_down();
+    mouse_up();
+    mouse_down();
+    send(WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(-30, -30));
+    send(WM_LBUTTONUP, 0, MAKELPARAM(-30, -30));
+    key_down(VK_SPACE);
+    send(WM_KEYUP, VK_SPACE, 1);
+    EXPECT_EQ(sink.releases, (std::vector<bool>{true, false, true}));
+    EXPECT_EQ(sink.presses.size(), 3u);
+}
 
 TEST_F(ButtonPress, OfTheMouseIsToldBeforeTheFocusMoves) {
     ASSERT_EQ(GetFocus(), owner.hwnd());

@@ -83,6 +83,8 @@ private:
     void _repeat_until_released();
     void _tell_sink(POINT at);
     void _tell_press(bool by_key) const;
+    // The release of a press, inside the button or not.
+    void _tell_release(bool inside) const;
     frame::answer _on_button_up();
     frame::answer _on_released_key();
     RECT _client() const;

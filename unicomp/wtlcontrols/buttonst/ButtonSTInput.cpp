@@ -62,6 +62,13 @@ void CButtonST::_tell_press(bool by_key) const {
     }
 }
 
+void CButtonST::_tell_release(bool inside) const {
+    if (m_press_sink != nullptr) {
+        const bool pushed = (::SendMessageW(m_hWnd, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0;
+        m_press_sink->OnPressEnds(m_hWnd, pushed && inside);
+    }
+}
+
 frame::answer CButtonST::_on_second_down(WPARAM keys, LPARAM at) {
     if (!m_one_press) {
         // An owner-drawn button would take the second of two fast presses for something else.
@@ -150,6 +157,7 @@ frame::answer CButtonST::_on_mouse(UINT uMsg, WPARAM wParam, LPARAM lParam) {
         case WM_LBUTTONDBLCLK:
             return _on_second_down(wParam, lParam);
         case WM_LBUTTONUP:
+            _tell_release(contains(_client(), frame::point_of(lParam)));
             return _on_button_up();
         default:
             return frame::declined;
@@ -172,6 +180,9 @@ bool CButtonST::is_drop_down_key(UINT uMsg, WPARAM key) {
 frame::answer CButtonST::_on_key(UINT uMsg, WPARAM wParam, LPARAM lParam) {
     if (uMsg == WM_KEYDOWN && wParam == VK_SPACE && !is_held_key(lParam)) {
         _tell_press(true);
+    }
+    if (uMsg == WM_KEYUP && wParam == VK_SPACE) {
+        _tell_release(true);
     }
     if (!_has_sink()) {
         return frame::declined;

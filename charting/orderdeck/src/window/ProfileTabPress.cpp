@@ -36,9 +36,16 @@ void CProfileTabWindow::OnPressBegins(HWND button, bool byKey) {
     m_press = press{entity, m_eyes.Read(entity, source_of(byKey))};
 }
 
+void CProfileTabWindow::OnPressEnds(HWND, bool clicks) {
+    if (m_press) {
+        m_press->released = clicks;
+    }
+}
+
 CRowSight CProfileTabWindow::_take_sight(OD_UpdateEntity button) {
     const std::optional<press> begun = std::exchange(m_press, std::nullopt);
-    return begun && begun->button == button ? begun->sight : m_eyes.Read(button, EPressSource::Program);
+    return begun && begun->released && begun->button == button ? begun->sight
+                                                               : m_eyes.Read(button, EPressSource::Program);
 }
 
 void CProfileTabWindow::_press(OD_UpdateEntity button, const boost::shared_ptr<IUnifyControl>& field) {

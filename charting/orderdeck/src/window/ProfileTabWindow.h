@@ -64,6 +64,7 @@ public:
     CString GetDisplayText(double value) override;
 
     void OnPressBegins(HWND button, bool byKey) override;
+    void OnPressEnds(HWND button, bool clicks) override;
 
 private:
     frame::answer _dispatch_command(WPARAM wParam);
@@ -85,7 +86,8 @@ private:
     void _init_theme();
     void _init_names();
 
-    // What the row showed when the press of a button began, or shows now when another program sent the click.
+    // What the row showed when the press of a button began, or shows now when another program sent the click. A
+    // press that was given up counts for nothing: the row may have changed since.
     CRowSight _take_sight(OD_UpdateEntity button);
     void _press(OD_UpdateEntity button, const boost::shared_ptr<IUnifyControl>& field);
     void _show_not_sent(OD_UpdateEntity button, const row_differences& differences);
@@ -125,6 +127,8 @@ private:
     struct press {
         OD_UpdateEntity button;
         CRowSight sight;
+        // The button has been released, and its click is on the way.
+        bool released = false;
     };
     CRowEyes m_eyes;
     std::optional<press> m_press;
