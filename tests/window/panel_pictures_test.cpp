@@ -179,6 +179,10 @@ TEST_F(PanelPictures, TheSmallButtonsAndTheirPicturesGrowWithTheResolution) {
         MapWindowPoints(nullptr, item(209), reinterpret_cast<POINT*>(&place), 2);
         EXPECT_EQ(size_of(item(209)).cx - place.left, 2 * each.side);
         EXPECT_GE(HIWORD(SendMessageW(item(209), EM_GETMARGINS, 0, 0)), 2 * each.side);
+        if (each.dpi > 96) {
+            const HWND spin = FindWindowExW(item(209), nullptr, UPDOWN_CLASSW, nullptr);
+            EXPECT_EQ(size_of(spin).cx, MulDiv(GetSystemMetrics(SM_CXHSCROLL), each.dpi, 96));
+        }
         const auto drawn = static_cast<UINT>(each.side == 16 ? 0 : each.side);
         const auto number = [&](UINT id) { return drawn == 0 ? id : id * 100 + drawn; };
         EXPECT_TRUE(alike(picture_of(of_symbol, each.side), first_picture(number(232), each.side)));
