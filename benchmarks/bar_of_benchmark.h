@@ -38,6 +38,9 @@ public:
     // A new quote of one profile's symbol. On a screen, up to the painted button.
     void quote(int profile, double price);
     void select(int profile);
+    HWND get_Window() const { return m_window; }
+    // The host's record grows with every call.
+    void forget_calls() { m_host.record.clear(); }
 
 private:
     host_of_benchmark& m_host;

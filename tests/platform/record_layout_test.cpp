@@ -52,7 +52,8 @@ template <class Enumeration>
 constexpr bool is_long = std::is_same_v<std::underlying_type_t<Enumeration>, LONG>;
 static_assert(std::is_signed_v<LONG>);
 static_assert(is_long<ETM_ConnectionChanged> && is_long<ETM_ChangeTypeOfEvent>);
-static_assert(is_long<MTPA_OrdrActn> && is_long<MTPA_OrdrCtgry> && is_long<MTPA_TimeInForce> && is_long<OD_PressSource>);
+static_assert(is_long<MTPA_OrdrActn> && is_long<MTPA_OrdrCtgry> && is_long<MTPA_TimeInForce> &&
+              is_long<OD_PressSource>);
 static_assert(is_long<OD_LookupResult> && is_long<OD_Commands>);
 static_assert(is_long<tagOVFIELDID> && is_long<ESymbolCategory>);
 // Without a fixed type these would be no constants.

@@ -231,8 +231,8 @@ TEST_F(WatchedCreateTest, TheOldPairIsKeptUntilTheContainerWasToldThatItGoes) {
     factory.window = watching.make_window();
     ASSERT_EQ(create_watched(), S_OK);
     watching.forget();
-    // A container that makes the bar anew at the message gets the old pair withdrawn once more. Its bar is the
-    // later one and stays; the one that was being made does not come.
+    // A container that makes the bar anew at the message gets the old pair withdrawn once more. Its bar is
+    // the later one and stays; the one that was being made does not come.
     bool again = false;
     watching.on_message = [&](HWND) {
         if (!again) {

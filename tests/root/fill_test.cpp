@@ -172,8 +172,8 @@ TEST_F(FillTest, ABarThatIsDestroyedMeanwhileIsNotSubscribed) {
     EXPECT_EQ(host.count("ProfilesEvents.Advise"), 0);
 }
 
-// Wherever the bar goes in a fill, neither it nor a tab stays behind, nobody listens, and nothing is reported:
-// the host may do that.
+// Wherever the bar goes in a fill, neither it nor a tab stays behind, nobody listens, and nothing is
+// reported: the host may do that.
 TEST_F(FillTest, ABarThatIsDestroyedInAnyCallOfTheFillLeavesNothingBehind) {
     const auto alpha = add_profile(L"Alpha");
     add_profile(L"Beta");

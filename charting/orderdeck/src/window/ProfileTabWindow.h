@@ -86,8 +86,8 @@ private:
     void _init_theme();
     void _init_names();
 
-    // What the row showed when the press of a button began, or shows now when another program sent the click. A
-    // press that was given up counts for nothing: the row may have changed since.
+    // What the row showed when the press of a button began, or shows now when another program sent the click.
+    // A press that was given up counts for nothing: the row may have changed since.
     CRowSight _take_sight(OD_UpdateEntity button);
     void _press(OD_UpdateEntity button, const boost::shared_ptr<IUnifyControl>& field);
     void _show_not_sent(OD_UpdateEntity button, const row_differences& differences);
