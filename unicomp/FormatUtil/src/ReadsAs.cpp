@@ -195,7 +195,7 @@ bool IsSamePrice(double left, double right, double tick) {
 }
 
 CString ExactPriceText(const CPriceToString& format, double price) {
-    const CString shown = format.ToText(price);
+    CString shown = format.ToText(price);
     const std::optional<double> reads = PriceReadsAs(shown);
     if (reads && IsSamePrice(*reads, price, 0.0)) {
         return shown;

@@ -60,7 +60,7 @@ CString quoted(CString text) {
 }
 
 CString text_of(const SRowDifference& difference) {
-    const CString name = resource_string::text(name_of(difference.entity));
+    CString name = resource_string::text(name_of(difference.entity));
     switch (difference.kind) {
         case Kind::Other:
             return Unicomp::fill_text(resource_string::text(reads_other),
