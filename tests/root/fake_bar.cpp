@@ -98,6 +98,7 @@ boost::shared_ptr<ITabCtrl> make_bar_window(HWND parent, IBarOwner& owner) {
     } else {
         factory.last = boost::make_shared<test::fake_bar>(factory.host, factory.window, owner);
     }
+    factory.made.emplace_back(factory.last);
     return factory.last;
 }
 

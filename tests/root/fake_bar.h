@@ -1,6 +1,8 @@
 #pragma once
 
+#include <boost/weak_ptr.hpp>
 #include <functional>
+#include <vector>
 
 #include "charting/orderdeck/interface/IBarOwner.h"
 #include "charting/orderdeck/interface/IPersist.h"
@@ -69,6 +71,8 @@ struct bar_factory {
     HRESULT failure = S_OK;
     bool remembers = true;
     boost::shared_ptr<fake_bar> last;
+    // All of them, also those that are gone.
+    std::vector<boost::weak_ptr<fake_bar>> made;
 };
 
 extern bar_factory* the_bar_factory;

@@ -176,7 +176,17 @@ void COrderDeckObj::_deserialize_impl() {
         }
     }
     const com_ptr<COrderDeckObj> root(this);
-    m_ao.Execute(LocalRPC::CreateAsyncTask([root, records] { root->_restore_profs(records); }));
+    m_ao.Execute(LocalRPC::CreateAsyncTask([root, records] {
+        const life its = root->m_life;
+        try {
+            root->_restore_profs(records);
+        } catch (const _com_error&) {
+            // A bar that the host destroyed meanwhile has nothing more to restore, which is no failure.
+            if (root->m_life == its) {
+                throw;
+            }
+        }
+    }));
 }
 
 // The profiles connect first and the symbols follow; nothing waits for a connection.
