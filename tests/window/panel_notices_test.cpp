@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <boost/weak_ptr.hpp>
 
 #include "tests/window/bar_fixture.h"
 #include "tests/window/sent_messages.h"
@@ -304,6 +305,74 @@ TEST_F(PanelNotices, TheDialogOfALookupThatTakesTheFocusStartsNoOther) {
     EXPECT_EQ(tab->symbol->dialogs, 1);
     EXPECT_TRUE(tab->symbol->lookups.empty());
     EXPECT_EQ(text(203), L"PICKED");
+}
+
+// The host ends the bar while the user is asked; the windows go at once, and what stands behind them when
+// nobody works in it any more.
+class PanelEnd : public PanelNotices {
+protected:
+    void end_in_dialog() {
+        tab->symbol->in_dialog = [this] {
+            bar->Teardown();
+            bar.reset();
+            window_inside = IsWindow(panel_window) != FALSE;
+            alive_inside = !watched.expired();
+        };
+    }
+
+    void expect_end() const {
+        EXPECT_FALSE(window_inside);
+        EXPECT_TRUE(alive_inside);
+        EXPECT_TRUE(watched.expired());
+        EXPECT_TRUE(asserted().empty());
+    }
+
+    boost::weak_ptr<OV_OrderDeck::COrderDeckWindow> watched = bar;
+    HWND panel_window = panel();
+    bool window_inside = true;
+    bool alive_inside = false;
+};
+
+TEST_F(PanelEnd, InTheDialogOfTheSmallButton) {
+    end_in_dialog();
+    click(GetDlgItem(item(203), 203));
+    expect_end();
+}
+
+TEST_F(PanelEnd, InTheLookupOfEnter) {
+    SetFocus(item(203));
+    SetWindowTextW(item(203), L"es");
+    end_in_dialog();
+    press(203, VK_RETURN);
+    expect_end();
+}
+
+TEST_F(PanelEnd, InTheLookupOfALostFocus) {
+    SetFocus(item(203));
+    SetWindowTextW(item(203), L"es");
+    end_in_dialog();
+    SetFocus(frame);
+    expect_end();
+}
+
+// A tab that ends calls its host, which may look at the bar.
+TEST_F(PanelEnd, AHostThatLooksWhileATabEndsFindsABarWithoutIt) {
+    std::vector<std::size_t> found;
+    const auto look = [&](auto remove) {
+        boost::shared_ptr<window_tests::fake_tab> last = add(L"Last");
+        const LONG id = last->id;
+        const auto look_now = [&found, id, this](int* value) {
+            delete value;
+            found.push_back(bar->get_TabInfos().count(id) + (bar->get_Tab(id) ? 1 : 0));
+        };
+        last->when_told_id = [end = boost::shared_ptr<int>(new int(), look_now)](LONG) {};
+        last.reset();
+        remove(id);
+    };
+    look([this](LONG id) { bar->RemoveTab(id); });
+    look([this](LONG) { bar->RemoveAllTabs(); });
+    look([this](LONG) { bar->Teardown(); });
+    EXPECT_EQ(found, (std::vector<std::size_t>{0, 0, 0}));
 }
 
 TEST_F(PanelNotices, AfterALookupTheEditShowsTheTabThatIsInFrontByThen) {

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "platform/win32/frame/common_controls.h"
+#include "platform/win32/frame/message_scope.h"
 #include "platform/win32/frame/module_instance.h"
 #include "platform/win32/frame/reflect.h"
 
@@ -50,6 +51,7 @@ void dialog::DestroyWindow() {
 }
 
 INT_PTR CALLBACK dialog::procedure(HWND hWnd, UINT uMsg, WPARAM wParam, LPARAM lParam) {
+    const message_scope scope;
     if (uMsg == WM_INITDIALOG) {
         SetWindowLongPtrW(hWnd, DWLP_USER, lParam);
         reinterpret_cast<dialog*>(lParam)->m_hWnd = hWnd;

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include "platform/win32/frame/message_scope.h"
+
 namespace frame {
 
 subclassed_window::~subclassed_window() {
@@ -27,6 +29,7 @@ LRESULT subclassed_window::DefWindowProc(UINT uMsg, WPARAM wParam, LPARAM lParam
 
 LRESULT CALLBACK subclassed_window::procedure(HWND hWnd, UINT uMsg, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                               DWORD_PTR data) {
+    const message_scope scope;
     auto* const self = reinterpret_cast<subclassed_window*>(data);
     LRESULT result = 0;
     const bool taken = self->ProcessWindowMessage(hWnd, uMsg, wParam, lParam, result, 0) != FALSE;

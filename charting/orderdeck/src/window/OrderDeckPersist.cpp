@@ -58,7 +58,11 @@ void COrderDeckWindow::Deserialize(const CString& path) {
     if (count > 0) {
         _select(wanted < count ? wanted : 0);
     }
-    LocalRPC::AsyncCall(m_async, [this] { _repaint_tabs(); });
+    LocalRPC::AsyncCall(m_async, [weak = weak_from_this()] {
+        if (const auto bar = weak.lock()) {
+            bar->_repaint_tabs();
+        }
+    });
 }
 
 // A strip that was selected while it was being filled draws properly only after this trip.

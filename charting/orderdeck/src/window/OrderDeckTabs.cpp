@@ -40,6 +40,10 @@ LONG COrderDeckWindow::AddTab(const boost::shared_ptr<ITab>& tab, bool bSilent) 
     const bool connected = profile->get_ConnectionState(true) == eTM_CC_Connected;
     CString name;
     tab->get_Name(name);
+    // The host was asked, and may have torn the bar down.
+    if (m_hWnd == nullptr) {
+        return 0;
+    }
     if (_add_tab(name, id, false, connected) == -1) {
         return 0;
     }
@@ -80,13 +84,19 @@ bool COrderDeckWindow::RemoveTab(LONG id) {
     if (!BS_ASSERT(_it != m_tab_infos.end())) {
         return false;
     }
+    // A tab that ends calls the host, which then finds a bar without it.
+    boost::shared_ptr<ITab> gone = _it->second;
     m_tab_infos.erase(_it);
+    gone.reset();
     Show(true);
     return true;
 }
 
+// The tabs end last: the host, which each of them calls, finds none of them, and what it adds meanwhile
+// stays.
 bool COrderDeckWindow::RemoveAllTabs() {
-    m_tab_infos.clear();
+    tab_infos gone;
+    gone.swap(m_tab_infos);
     return m_tab_ctrl.DeleteAll();
 }
 
@@ -102,7 +112,8 @@ boost::shared_ptr<ITab> COrderDeckWindow::get_CurTab() {
 
 boost::shared_ptr<IUnifyControl> COrderDeckWindow::get_Control(OD_UpdateEntity entity) {
     const auto tab = get_CurTab();
-    return tab ? tab->get_Control(entity) : boost::shared_ptr<IUnifyControl>();
+    const auto field = tab ? tab->get_Control(entity) : boost::shared_ptr<IUnifyControl>();
+    return field ? boost::shared_ptr<IUnifyControl>(tab, field.get()) : field;
 }
 
 void COrderDeckWindow::SelectTab(LONG id) {
@@ -121,7 +132,7 @@ void COrderDeckWindow::_select(int index) {
 }
 
 void COrderDeckWindow::Show(bool visible) {
-    const bool empty = get_TabCount() == 0;
+    bool empty = get_TabCount() == 0;
     if (visible && !empty && first_layout_is_due()) {
         OnSize();
     }
@@ -129,6 +140,8 @@ void COrderDeckWindow::Show(bool visible) {
     ::ShowWindow(m_tab_ctrl.get_Hwnd(), tabs);
     ::ShowWindow(m_panel->get_Hwnd(), tabs);
     ::ShowWindow(m_setup_button, visible && empty ? SW_SHOW : SW_HIDE);
+    // Hiding takes the focus from a field, which asks the host: what there was may have gone.
+    empty = m_tab_ctrl.get_CurrentId() == 0;
     if (!empty) {
         _update(m_tab_ctrl.get_CurrentId(), UpdateMask::AllFields, true, false);
     }
@@ -142,11 +155,18 @@ void COrderDeckWindow::SetFocus(LONG id, OD_UpdateEntity entity) {
 }
 
 void COrderDeckWindow::Teardown() {
+    frame::message_scope::Keep(weak_from_this().lock());
     if (::IsWindow(m_hWnd)) {
         DestroyWindow();
     }
-    m_tab_infos.clear();
+    _end_tabs();
     _destroy_images();
+}
+
+// Tabs call the host when they end, which then finds a bar without them.
+void COrderDeckWindow::_end_tabs() {
+    tab_infos gone;
+    gone.swap(m_tab_infos);
 }
 
 void COrderDeckWindow::Update(LONG id, unsigned mask) {
@@ -169,18 +189,21 @@ void COrderDeckWindow::_update(LONG id, unsigned mask, bool bNoAnimation, bool b
     if ((mask & UpdateMask::ConnectionState) != 0) {
         _update_tab_connection(*tab, id);
     }
-    if (m_tab_ctrl.get_CurrentId() != id) {
-        return;
-    }
     if (mask != UpdateMask::Repaint) {
-        for (unsigned bit = first_field_bit; bit <= last_field_bit; ++bit) {
-            if ((mask & 1u << bit) != 0) {
-                m_panel->Update(static_cast<OD_UpdateEntity>(1u << bit), bNoAnimation, bKeepQuantity);
-            }
-        }
+        _update_fields(id, mask, bNoAnimation, bKeepQuantity);
     }
-    if ((mask & UpdateMask::Repaint) != 0) {
+    if ((mask & UpdateMask::Repaint) != 0 && m_tab_ctrl.get_CurrentId() == id) {
         ::RedrawWindow(m_panel->get_Hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+    }
+}
+
+// A field that is disabled or hidden loses the focus, and the host is asked: each field is looked at only
+// while its tab is still the one that is shown.
+void COrderDeckWindow::_update_fields(LONG id, unsigned mask, bool bNoAnimation, bool bKeepQuantity) {
+    for (unsigned bit = first_field_bit; bit <= last_field_bit; ++bit) {
+        if ((mask & 1u << bit) != 0 && m_tab_ctrl.get_CurrentId() == id && m_tab_infos.contains(id)) {
+            m_panel->Update(static_cast<OD_UpdateEntity>(1u << bit), bNoAnimation, bKeepQuantity);
+        }
     }
 }
 
@@ -190,6 +213,10 @@ void COrderDeckWindow::_update_tab_name(ITab& tab, LONG id) {
     CString name;
     tab.get_Name(name);
     if (name == m_tab_ctrl.get_Text(m_tab_ctrl.Find(id))) {
+        return;
+    }
+    // The host was asked for the name, and may have taken the tab away.
+    if (m_tab_ctrl.Find(id) == -1) {
         return;
     }
     const int iCurTab = m_tab_ctrl.get_Current();

@@ -49,7 +49,7 @@ COrderDeckWindow::COrderDeckWindow(HWND parent, IBarOwner& owner)
 COrderDeckWindow::~COrderDeckWindow() {
     m_async.Stop(true, true);
     DestroyWindow();
-    m_tab_infos.clear();
+    _end_tabs();
     _destroy_images();
 }
 
@@ -139,6 +139,10 @@ frame::answer COrderDeckWindow::OnMouseActivate() {
     const HWND focus = ::GetFocus();
     if (focus != m_hWnd && !::IsChild(m_hWnd, focus)) {
         ::SetFocus(m_tab_ctrl.get_Hwnd());
+    }
+    // The field that lost the focus asked the host, which may have torn the bar down.
+    if (m_hWnd == nullptr) {
+        return MA_ACTIVATE;
     }
     const int hit = m_tab_ctrl.HitTest(to_client(m_tab_ctrl.get_Hwnd(), cursor_position()));
     if (hit != -1 && hit != m_tab_ctrl.get_Current()) {

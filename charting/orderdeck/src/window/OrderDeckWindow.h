@@ -1,5 +1,6 @@
 #pragma once
 
+#include <boost/enable_shared_from_this.hpp>
 #include <memory>
 
 #include "charting/orderdeck/interface/IBarOwner.h"
@@ -8,13 +9,21 @@
 #include "charting/orderdeck/src/window/ProfileTabWindow.h"
 #include "charting/orderdeck/src/window/TabStrip.h"
 #include "platform/win32/frame/dialog.h"
+#include "platform/win32/frame/message_scope.h"
 #include "unicomp/LocalRPC/ActiveObject.h"
 
 namespace OV_OrderDeck {
 
 // The bar: a child of the host's window with one tab per profile, the one panel that shows the current
 // tab, and a button for the case that there is no profile. All on the thread that makes it.
-class COrderDeckWindow final : public ITabCtrl, public IPersist, public frame::dialog {
+//
+// The host may end it inside any call that the bar or one of its tabs makes. Whoever calls it holds a
+// reference; in the middle of a message it stays until the message is done, without its window.
+class COrderDeckWindow final : public ITabCtrl,
+                               public IPersist,
+                               public frame::dialog,
+                               public frame::lasting,
+                               public boost::enable_shared_from_this<COrderDeckWindow> {
 public:
     // The owner is not owned and outlives the bar. Throws _com_error (E_FAIL) when there is no window.
     COrderDeckWindow(HWND parent, IBarOwner& owner);
@@ -41,7 +50,7 @@ public:
     // Selects the tab that was written, or else a default one.
     void Deserialize(const CString& path) override;
 
-    // The current tab's field; empty without a tab.
+    // The current tab's field; empty without a tab. Its tab lives as long as the field is held.
     boost::shared_ptr<IUnifyControl> get_Control(OD_UpdateEntity entity);
     CProfileTabWindow& get_Panel() { return *m_panel; }
 
@@ -65,10 +74,12 @@ private:
     // As a choice of the user is not: selects and updates, unless the tab is already selected.
     void _select(int index);
     void _update(LONG id, unsigned mask, bool bNoAnimation, bool bKeepQuantity);
+    void _update_fields(LONG id, unsigned mask, bool bNoAnimation, bool bKeepQuantity);
     void _update_tab_name(ITab& tab, LONG id);
     void _update_tab_connection(ITab& tab, LONG id);
     void _repaint_tabs();
     void _destroy_images();
+    void _end_tabs();
 
     IBarOwner& m_owner;
     tab_infos m_tab_infos;

@@ -3,6 +3,7 @@
 #include "charting/orderdeck/src/window/AskBidButtonImpl.h"
 #include "charting/orderdeck/src/window/RangeImages.h"
 #include "platform/win32/frame/common_controls.h"
+#include "platform/win32/frame/message_scope.h"
 #include "platform/win32/frame/module_instance.h"
 #include "unicomp/Simples/interface/resource_string.h"
 
@@ -111,6 +112,7 @@ void RangeBar::_destroy_images() {
 }
 
 LRESULT CALLBACK RangeBar::procedure(HWND hWnd, UINT uMsg, WPARAM wParam, LPARAM lParam) {
+    const frame::message_scope scope;
     if (uMsg == WM_NCCREATE) {
         auto* const made =
             static_cast<RangeBar*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
