@@ -37,7 +37,9 @@ HRESULT FakeProfiles::fire_array(ETM_ChangeTypeOfEvent kind, SAFEARRAY* profiles
 HRESULT FakeProfiles::get_Items(SAFEARRAY** ppItems) {
     const auto told = m_host.enter("Profiles", {}, "get_Items");
     if (told.write) {
-        *ppItems = object_array(items);
+        // A copy: letting go of an object may come to a host that changes the list.
+        const std::vector<com_ptr<IUnknown>> now = items;
+        *ppItems = object_array(now);
     }
     return told.hr;
 }

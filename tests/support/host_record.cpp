@@ -75,6 +75,7 @@ struct fake_host::state {
     std::vector<fault> faults;
     std::vector<std::string> unwritten;
     std::vector<std::pair<std::string, std::function<void()>>> actions;
+    watcher sees;
 
     void strike(const std::string& operation, outcome& result) {
         for (fault& f : faults) {
@@ -158,6 +159,11 @@ void fake_host::on_call(const std::string& operation, std::function<void()> acti
     m_state->actions.emplace_back(operation, std::move(action));
 }
 
+void fake_host::watch(watcher sees) {
+    const std::lock_guard guard(m_state->mutex);
+    m_state->sees = std::move(sees);
+}
+
 void fake_host::forget_faults() {
     const std::lock_guard guard(m_state->mutex);
     m_state->faults.clear();
@@ -172,6 +178,7 @@ fake_host::outcome fake_host::enter(const std::string& kind, const CString& name
     const std::string particular = object + "." + operation;
     outcome result;
     std::vector<std::function<void()>> actions;
+    watcher sees;
     {
         const std::lock_guard guard(m_state->mutex);
         m_state->calls.push_back({particular + "(" + arguments + ")", GetCurrentThreadId()});
@@ -179,6 +186,7 @@ fake_host::outcome fake_host::enter(const std::string& kind, const CString& name
         if (particular != general) {
             m_state->strike(particular, result);
         }
+        sees = m_state->sees;
         for (const auto& [told, action] : m_state->actions) {
             if (told == general || told == particular) {
                 actions.push_back(action);
@@ -187,6 +195,9 @@ fake_host::outcome fake_host::enter(const std::string& kind, const CString& name
     }
     for (const auto& action : actions) {
         action();
+    }
+    if (sees) {
+        sees(general, particular);
     }
     return result;
 }

@@ -54,6 +54,10 @@ public:
     // our own code and not the system's.
     void on_call(const std::string& operation, std::function<void()> action);
     void forget_faults();
+    // Runs inside every call, with the kind's name of the operation and the object's. One at a time; null
+    // for none. As on_call otherwise.
+    using watcher = std::function<void(const std::string& general, const std::string& particular)>;
+    void watch(watcher sees);
 
     // For the fakes.
     struct outcome {
