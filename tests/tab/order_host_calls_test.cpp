@@ -1,6 +1,8 @@
 // The order is put together before the host is called, and looked at again after each of its calls.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/tab/press_fixture.h"
 
 namespace OV_OrderDeck {
@@ -42,6 +44,24 @@ TEST_F(order_host_calls, send_nothing_more_after_the_host_cleared_the_price) {
 
 TEST_F(order_host_calls, send_nothing_more_after_a_new_symbol) {
     expect_changed(press_while([this] { put_symbol(L"NQZ6"); }), {eODUE_Symbol, eODUE_SecondPrice});
+}
+
+TEST_F(order_host_calls, tell_a_symbol_before_an_order_that_is_pressed_while_it_comes) {
+    select(eMTPA_OC_Market);
+    host.on_call("ManualTrading.GetAccounts", [this] {
+        host.forget_faults();
+        press(sight());
+    });
+    put_symbol(L"NQZ6");
+    const calls all = host.calls();
+    const auto place = [&all](const char* part) {
+        return std::find_if(
+                   all.begin(), all.end(),
+                   [part](const std::string& call) { return call.find(part) != std::string::npos; }) -
+               all.begin();
+    };
+    ASSERT_EQ(1, orders());
+    EXPECT_LT(place("SetSymbol(\"NQZ6\""), place("PlaceOrder("));
 }
 
 TEST_F(order_host_calls, send_nothing_more_after_another_account) {

@@ -145,6 +145,8 @@ void CTab::_reload_lists() {
 
 void CTab::_on_symbol_changed() {
     const auto keep = _keep_alive();
+    // Until the host is told, it knows another symbol: a press inside its other calls would order that one.
+    m_bSymbolRefused = true;
     if (!m_controls->m_pSymbol->IsEmpty() && _is_connected()) {
         m_controls->m_pAccount->Update();
         _clear_prices();
