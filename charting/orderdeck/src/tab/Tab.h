@@ -103,11 +103,9 @@ private:
     bool _check_prices();
     void _check_order(LONG action);
     row_differences _place_order(LONG action, const CRowSight* sight);
-    row_differences _send_order(const SOrderRequest& request, const CRowSight& sight,
-                                const boost::shared_ptr<ITab>& keep);
+    row_differences _send_order(const SOrderRequest& request, const CRowSight& sight);
     // The items that a host call changed; for a tab that it took away none, and nothing is to be sent.
-    bool _is_still_sent(const SOrderRequest& request, const boost::shared_ptr<ITab>& keep,
-                        row_differences& moved);
+    bool _is_still_sent(const SOrderRequest& request, row_differences& moved);
     com_ptr<ITC_OrderSight> _get_order_sight(ITC_ManualTrading& trading);
     SKnownQuotes _known_quotes();
 

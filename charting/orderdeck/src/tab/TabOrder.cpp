@@ -182,13 +182,11 @@ row_differences CTab::_place_order(LONG action, const CRowSight* sight) {
             return not_sent(differences);
         }
     }
-    return _send_order(request, sight != nullptr ? *sight : CRowSight(), keep);
+    return _send_order(request, sight != nullptr ? *sight : CRowSight());
 }
 
-bool CTab::_is_still_sent(const SOrderRequest& request, const boost::shared_ptr<ITab>& keep,
-                          row_differences& moved) {
-    // A tab that the bar does not hold was never in it; one that it no longer holds was taken away.
-    if (keep && _keep_alive() != keep) {
+bool CTab::_is_still_sent(const SOrderRequest& request, row_differences& moved) {
+    if (_was_removed()) {
         BugSlayerUtil::trace(BS_HERE, L"Order not sent: the profile has gone");
         return false;
     }
@@ -201,14 +199,13 @@ bool CTab::_is_still_sent(const SOrderRequest& request, const boost::shared_ptr<
 
 // Each host call may dispatch messages: after each it is looked at again whether the order still stands. The
 // account goes first, then the order itself.
-row_differences CTab::_send_order(const SOrderRequest& request, const CRowSight& sight,
-                                  const boost::shared_ptr<ITab>& keep) {
+row_differences CTab::_send_order(const SOrderRequest& request, const CRowSight& sight) {
     row_differences moved;
-    if (!_tell_refused_symbol() || !_is_still_sent(request, keep, moved)) {
+    if (!_tell_refused_symbol() || !_is_still_sent(request, moved)) {
         return moved;
     }
     _set_account(request.account);
-    if (!_is_still_sent(request, keep, moved)) {
+    if (!_is_still_sent(request, moved)) {
         return moved;
     }
     const com_ptr<ITC_ManualTrading> trading = _get_mt();
@@ -216,7 +213,7 @@ row_differences CTab::_send_order(const SOrderRequest& request, const CRowSight&
     if (!receipt.Before(m_pOrderSight ? _get_data_feed() : CString(), _known_quotes())) {
         return {};
     }
-    if (!_is_still_sent(request, keep, moved)) {
+    if (!_is_still_sent(request, moved)) {
         receipt.After(E_ABORT);
         return moved;
     }
