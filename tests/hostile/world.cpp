@@ -96,7 +96,10 @@ const std::vector<std::string>& calls_of_the_bar() {
         "ManualTrading.PlaceOrder",
         "ManualTrading.SetSymbol",
         "ManualTrading.GetTimeInForces",
+        "ManualTrading.QueryInterface",
         "ManualTrading.Release",
+        "OrderSight.BeforeOrder",
+        "OrderSight.AfterOrder",
         "Lookup.Initialize",
         "Lookup.GetSymbolInfo",
         "Lookup.GetSymbolInfoById",
@@ -211,6 +214,7 @@ void world::make_profiles() {
             platform::make_com<touchy<test::FakeProfile>>(record, "Profile", name);
         profile->trading = platform::make_com<touchy<test::FakeManualTrading>>(record, "ManualTrading", name);
         profile->plugin = L"CQG-FIX";
+        profile->trading->sight = platform::make_com<test::FakeOrderSight>(record, name);
         profile->trading->accounts = {L"A1", L"A2"};
         for (LONG category = 1; category <= 4; ++category) {
             profile->trading->times_in_force[category] = {1, 2, 3};

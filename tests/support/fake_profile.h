@@ -43,6 +43,8 @@ public:
     std::vector<symbol> symbols;
     // What asking for it gives; null for a host without it.
     com_ptr<FakeOrderSight> sight;
+    // What asking gives without it.
+    HRESULT sight_result = E_NOINTERFACE;
 
     STDMETHODIMP SetAccount(BSTR sAccount) override;
     STDMETHODIMP GetAccounts(SAFEARRAY** ppAccounts) override;
@@ -55,6 +57,9 @@ protected:
     HRESULT internal_query(REFIID iid, void** out) {
         if (sight && out != nullptr && IsEqualIID(iid, __uuidof(ITC_OrderSight))) {
             return sight->QueryInterface(iid, out);
+        }
+        if (sight_result != E_NOINTERFACE && IsEqualIID(iid, __uuidof(ITC_OrderSight))) {
+            return sight_result;
         }
         return com_root::internal_query(iid, out);
     }

@@ -156,5 +156,13 @@ TEST_F(order_receipt, is_nothing_to_a_host_without_it) {
     EXPECT_EQ(1, orders());
 }
 
+TEST_F(order_receipt, is_nothing_to_a_host_that_fails_when_asked_for_it) {
+    profile->trading->sight = nullptr;
+    profile->trading->sight_result = E_NOTIMPL;
+    EXPECT_TRUE(press(sight()).empty());
+    EXPECT_EQ(1, orders());
+    EXPECT_TRUE(reported().empty());
+}
+
 }  // namespace
 }  // namespace OV_OrderDeck

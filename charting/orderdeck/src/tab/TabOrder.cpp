@@ -229,7 +229,12 @@ row_differences CTab::_send_order(const SOrderRequest& request, const CRowSight&
 com_ptr<ITC_OrderSight> CTab::_get_order_sight(ITC_ManualTrading& trading) {
     if (!m_bOrderSightAsked) {
         m_bOrderSightAsked = true;
-        m_pOrderSight = platform::query<ITC_OrderSight>(&trading);
+        com_ptr<ITC_OrderSight> sight;
+        // Whatever else than S_OK a host has for an interface that it does not know, it is one without it.
+        if (trading.QueryInterface(__uuidof(ITC_OrderSight), static_cast<void**>(platform::receive(sight))) ==
+            S_OK) {
+            m_pOrderSight = sight;
+        }
     }
     return m_pOrderSight;
 }
