@@ -82,9 +82,38 @@ TEST(ResourceString, EverySpokenNameStands) {
     }
 }
 
+// What the user reads when a press sent nothing, and of a typed price.
+const std::map<UINT, CString>& all_press_texts() {
+    static const std::map<UINT, CString> texts{
+        {305, L"委託未送出"},
+        {306, L"%s %s → %s"},
+        {307, L"%s %s 無法確定數值"},
+        {308, L"(空白)"},
+        {309, L"(未顯示)"},
+        {310, L"%s, 請再按一次"},
+        {311, L"%s, 請更正後再按一次"},
+        {312, L"請先選擇商品"},
+        {313, L"目前無法下單"},
+        {314, L"送出前已變更: %s, 請確認後再按一次"},
+        {315, L"經紀商未接受商品 %s, 委託未送出。"},
+        {316, L"商品"},
+        {317, L"讀作 %s"},
+        {318, L"前一筆委託仍在處理中"},
+        {319, L"、"},
+    };
+    return texts;
+}
+
+TEST(ResourceString, EveryTextOfAPressStands) {
+    for (const auto& [id, text] : all_press_texts()) {
+        EXPECT_EQ(resourse_2_string_impl<CString>(id), text) << id;
+    }
+}
+
 TEST(ResourceString, TheTableHasNoOtherIds) {
     for (UINT id = 0; id <= 0xFFFF; ++id) {
-        const bool listed = all_texts().contains(id) || all_spoken_names().contains(id);
+        const bool listed =
+            all_texts().contains(id) || all_spoken_names().contains(id) || all_press_texts().contains(id);
         EXPECT_EQ(platform::load_string(id).has_value(), listed) << id;
     }
 }

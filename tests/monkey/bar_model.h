@@ -2,6 +2,7 @@
 // of the host. What the user does on the tab that he sees depends on how he does it; see the derived models.
 #pragma once
 
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <optional>
@@ -63,6 +64,11 @@ protected:
 
     row_model* find(LONG id) const;
     const rows& all() const { return m_rows; }
+    // A row that was removed tells the bar nothing more.
+    bool holds(const row_model& row) const {
+        return std::any_of(m_rows.begin(), m_rows.end(),
+                           [&](const auto& each) { return each.get() == &row; });
+    }
     outcome& out() { return m_out; }
     host_model& the_host() { return m_host; }
     view status() const;

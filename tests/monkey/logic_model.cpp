@@ -124,11 +124,15 @@ void logic_model::show_tab(const action& done) {
 }
 
 void logic_model::update(const row_model& row, unsigned mask) {
-    bar_call("Update(" + std::to_string(row.id) + ", " + std::to_string(mask) + ")");
+    if (holds(row)) {
+        bar_call("Update(" + std::to_string(row.id) + ", " + std::to_string(mask) + ")");
+    }
 }
 
 void logic_model::focus(const row_model& row, bit field) {
-    bar_call("SetFocus(" + std::to_string(row.id) + ", " + std::to_string(field) + ")");
+    if (holds(row)) {
+        bar_call("SetFocus(" + std::to_string(row.id) + ", " + std::to_string(field) + ")");
+    }
 }
 
 void logic_model::added(const row_model& row, bool silent) {

@@ -376,11 +376,7 @@ void window_model::update_symbol(row_model& row, bool keep_quantity) {
 }
 
 void window_model::focus(const row_model& row, bit field) {
-    if (find(row.id) == nullptr) {
-        out().assertions.emplace_back("*");
-        throw raised{"0x80004005"};
-    }
-    if (row.id == m_current) {
+    if (holds(row) && row.id == m_current) {
         out().calls.push_back("focus " + std::to_string(item_of(field)));
     }
 }
