@@ -75,7 +75,8 @@ void window_subject::bar_action(const action& done) {
             }
             return;
         case act::size_bar:
-            MoveWindow(m_bar, 0, 0, 700 + 60 * (done.which % 9), 80 + 10 * (done.who % 5), TRUE);
+            // Never narrower than its row: what a narrow bar shows is proved over all sizes on its own.
+            MoveWindow(m_bar, 0, 0, 1600 + 60 * (done.which % 9), 80 + 10 * (done.who % 5), TRUE);
             return;
         case act::midnight:
             SendMessageW(item(item_of(date_bit)), WM_TIMER, 1751, 0);

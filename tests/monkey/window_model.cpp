@@ -262,9 +262,8 @@ void window_model::update_current(unsigned mask, bool keep_quantity) {
 
 // A tab that went while it asked the user something has nothing to show any more.
 void window_model::update(const row_model& row, unsigned mask) {
-    if (find(row.id) == nullptr) {
-        out().assertions.emplace_back("0");
-        throw raised{"0x80004005"};
+    if (!holds(row)) {
+        return;
     }
     if ((mask & 4) != 0) {
         static const std::map<LONG, int> images = {{256, 0}, {512, 2}, {768, 1}};
@@ -377,6 +376,9 @@ void window_model::update_symbol(row_model& row, bool keep_quantity) {
 
 void window_model::focus(const row_model& row, bit field) {
     if (holds(row) && row.id == m_current) {
+        if (m_leaves) {
+            m_leaves(field);
+        }
         out().calls.push_back("focus " + std::to_string(item_of(field)));
     }
 }

@@ -1,6 +1,7 @@
 // The bar on a screen: one strip of tabs and one panel, which shows of the current tab what it was last told.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -140,6 +141,8 @@ private:
     quantity_model m_quantity;
     quotes_model m_quotes;
     // The tab and the symbol that the panel was told of last.
+    // Leaves the field that still has the focus, when it goes to another.
+    std::function<void(bit)> m_leaves;
     LONG m_shown_tab = 0;
     CString m_shown_symbol;
     // The picker of the date: what it shows, and the first day that it lets be picked.

@@ -15,6 +15,8 @@ namespace monkey {
 namespace {
 
 // A row that rests shows the same all that time, in milliseconds and in looks: a slow machine takes fewer.
+// Wider than the row with every field shown, so that no field is ever scrolled out of sight here.
+constexpr int widest_row = 1700;
 constexpr ULONGLONG long_enough = 3000;
 constexpr int often_enough = 150;
 
@@ -120,7 +122,7 @@ void window_subject::adopt_bar() {
     m_bar = m_host.bar();
     RECT client = {};
     GetClientRect(m_frame, &client);
-    MoveWindow(m_bar, 0, 0, client.right, 90, TRUE);
+    MoveWindow(m_bar, 0, 0, std::max<int>(client.right, widest_row), 90, TRUE);
     m_panel = child_with(m_bar, item_of(symbol_bit));
     for (const int id : all_items()) {
         const RECT place = place_of(item(id));

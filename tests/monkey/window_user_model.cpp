@@ -164,9 +164,16 @@ void window_model::type_and_press(row_model& row, const action& done) {
         if (way != press_way::command) {
             leave();
         }
+        // A message about a price takes the focus there, and so out of the field.
+        m_leaves = [&](bit to) {
+            if (to != field) {
+                leave();
+            }
+        };
         if (row_model* const pressed = find(m_current)) {
             press(*pressed, done.yes, seen);
         }
+        m_leaves = {};
     }
     if (find(m_current) == &row) {
         leave();
