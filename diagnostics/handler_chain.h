@@ -14,6 +14,12 @@ namespace BugSlayerUtil {
 // thread; takes no memory from the heap; throws nothing.
 template <class Handler>
 class handler_chain {
+    // A thread inside a call, 0 for none, and how many handlers it has not been to.
+    struct place {
+        DWORD thread = 0;
+        std::ptrdiff_t left = 0;
+    };
+
 public:
     // Ours took this one's place; null for nobody's. One that is known already stands in the chain once.
     void put(Handler found) noexcept {
@@ -66,7 +72,7 @@ public:
         }
 
     private:
-        void remember(const typename handler_chain::place& now) noexcept {
+        void remember(const place& now) noexcept {
             if (m_place != nullptr) {
                 *m_place = now;
             }
@@ -74,19 +80,13 @@ public:
 
         handler_chain& m_chain;
         // Null where more threads than anybody expects are in the chain at once.
-        typename handler_chain::place* m_place;
+        place* m_place;
         bool m_again;
         std::ptrdiff_t m_left;
     };
 
 private:
     static constexpr std::ptrdiff_t room = 8;
-
-    // A thread inside a call, 0 for none, and how many handlers it has not been to.
-    struct place {
-        DWORD thread = 0;
-        std::ptrdiff_t left = 0;
-    };
 
     place* place_of(DWORD thread) noexcept {
         const auto found = std::find_if(m_places.begin(), m_places.end(),

@@ -35,6 +35,7 @@ SCENES = (
     "restart",
     "two_hosts",
     "hasty",
+    "press",
 )
 
 

@@ -21,15 +21,20 @@ def play(stage):
 
 
 def symbol_and_order_at_once(bar):
-    """An order is of the symbol that was typed, not of the one before."""
+    """An order is of the symbol that was typed, not of the one before; where the symbol brings another quantity
+    than the screen showed at the press, it goes out at the next press."""
     bar.select_tab("Near")
     bar.choose_instrument("KO")
     buy = bar.control(BUY, "Button")["rect"]
-    for name in ("MSFT", "EURUSD", "KO"):
+    for name, same_quantity in (("MSFT", True), ("EURUSD", False), ("KO", False)):
         before = len(bar.orders())
         bar.enter(SYMBOL)
-        bar.in_one_go(*name.lower(), buy)
+        bar.in_one_go(*name, buy)
         symbol_is(bar, name)
+        if not same_quantity:
+            bar.wait_for_news()
+            assert len(bar.orders()) == before, bar.orders()[before:]
+            bar.press_button(BUY)
         bar.wait("the order", lambda: len(bar.orders()) > before)
         assert [one["symbol"] for one in bar.orders()[before:]] == [name]
     bar.picture("symbol-and-order")

@@ -1,6 +1,9 @@
 """What the screen shows at the press is what goes out, or nothing goes: by mouse and by the space key."""
 
-from screen_bar import BUTTONS, LIMIT, QUANTITY, STOP, SYMBOL, TYPE, TYPES, write_profiles
+import time
+
+from screen_bar import BLOTTER, BUTTONS, LIMIT, QUANTITY, STOP, SYMBOL, TYPE, TYPES, write_profiles
+from screen_driver import DOUBLE_CLICK
 
 BUY = BUTTONS["buy"]
 PRICES = {"market": {}, "limit": {LIMIT: "6010"}, "stop limit": {STOP: "6020", LIMIT: "6010"}}
@@ -23,11 +26,19 @@ def play(stage):
                 wild_prices(bar, name, way)
             plain_order(bar, name, way)
     double_and_triple_click(bar)
+    cancel_all(bar)
     bar.leave()
 
 
+def cancel_all(bar):
+    bar.key("alt+o")
+    bar.click(bar.menu_item("Cancel &all orders")["rect"])
+    bar.wait("no live order", lambda: not any("Working" in row["texts"] or "Waiting" in row["texts"]
+                                              for row in bar.find(id=BLOTTER)[0]["rows"]))
+
+
 def by_mouse(bar):
-    bar.pause_between_clicks()
+    time.sleep(DOUBLE_CLICK)
     bar.click(bar.find(id=BUY, **{"class": "Button"})[0]["rect"])
 
 
@@ -143,7 +154,7 @@ def double_and_triple_click(bar):
     fill_in(bar, "market")
     rect = bar.control(BUY, "Button")["rect"]
     for clicks in (2, 3):
-        bar.pause_between_clicks()
+        time.sleep(DOUBLE_CLICK)
         before = len(bar.orders())
         bar.in_one_go(*[rect] * clicks)
         bar.wait("the order", lambda: len(bar.orders()) > before)

@@ -44,6 +44,6 @@ def play(stage):
     bar.choose_instrument("KO")
     bar.choose(ACCOUNT, "South")
     assert bar.place("buy")["account"] == "South"
-    bar.wait("the rejection", lambda: bar.newest_order()[-1:] == ["Rejected by the broker"])
+    bar.wait("the rejection", lambda: "Rejected by the broker" in bar.newest_order())
     bar.picture("rejected")
     bar.leave()
