@@ -1,7 +1,10 @@
 """A trader in a hurry: whatever comes before the bar has rested, nothing is lost, doubled or mixed up."""
 
+import time
+
 from screen_bar import (BUTTONS, CONNECTED, CONNECTING, LIMIT, MESSAGE_TITLE, SYMBOL, TYPE, TYPES,
                         write_profiles)
+from screen_driver import DOUBLE_CLICK
 from screens.lookup import symbol_is
 
 BUY = BUTTONS["buy"]
@@ -34,6 +37,7 @@ def symbol_and_order_at_once(bar):
         if not same_quantity:
             bar.wait_for_news()
             assert len(bar.orders()) == before, bar.orders()[before:]
+            time.sleep(DOUBLE_CLICK)
             bar.press_button(BUY)
         bar.wait("the order", lambda: len(bar.orders()) > before)
         assert [one["symbol"] for one in bar.orders()[before:]] == [name]
