@@ -39,21 +39,21 @@ std::vector<std::string> cells(const order& one) {
 
 blotter_view::blotter_view(HWND parent, int id)
     : m_list(parent, id,
-             {{"Time", 56},
-              {"Profile", 80},
-              {"Account", 74},
-              {"Symbol", 66},
+             {{"Time", 52},
+              {"Profile", 62},
+              {"Account", 70},
+              {"Symbol", 62},
               {"Side", 36},
-              {"Type", 60},
+              {"Type", 56},
               {"Qty", 40, true},
-              {"Stop", 62, true},
-              {"Limit", 62, true},
+              {"Stop", 58, true},
+              {"Limit", 58, true},
               {"TIF", 38},
-              {"Date", 68},
-              {"Status", 68},
+              {"Date", 62},
+              {"Status", 62},
               {"Filled", 80},
-              {"Reason", 98},
-              {"As seen", 150}}) {}
+              {"Reason", 80},
+              {"As seen", 96}}) {}
 
 void blotter_view::update(const order& one) {
     int index = m_list.row_of(one.id);

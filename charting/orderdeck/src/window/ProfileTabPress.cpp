@@ -66,12 +66,13 @@ void CProfileTabWindow::_show_not_sent(OD_UpdateEntity button, const row_differe
     for (unsigned bit = first_field_bit; bit <= last_field_bit; ++bit) {
         BugSlayerUtil::guard(BS_HERE, [&] { Update(static_cast<OD_UpdateEntity>(1U << bit), true, true); });
     }
-    std::vector<HWND> fields;
+    std::vector<CFieldMarks::field> fields;
     for (const SRowDifference& difference : differences) {
         const bool is_button = difference.entity == eODUE_Buy || difference.entity == eODUE_Sell;
         const HWND window = get_Window(difference.entity);
         if (!is_button && ::IsWindowVisible(window)) {
-            fields.push_back(window);
+            const bool spins = has_spin(difference.entity);
+            fields.push_back({window, spins ? get_Item(spin_of_entity(difference.entity)) : nullptr});
         }
     }
     m_marks.Set(fields);
