@@ -4,6 +4,7 @@
 #include "benchmarks/stopwatch.h"
 #include "charting/orderdeck/src/window/PanelItems.h"
 #include "charting/orderdeck/src/window/RowEyes.h"
+#include "unicomp/wtlcontrols/ActualCalendar/GTDCalendar.h"
 
 namespace benchmarks {
 
@@ -37,7 +38,7 @@ double nanoseconds_of_pressing(bar_of_benchmark& bar) {
 
 double nanoseconds_of_reading_the_row(bar_of_benchmark& bar) {
     const HWND panel = panel_of(bar.get_Window());
-    WTLControls::CActualCalendar calendar;
+    WTLControls::CGTDCalendar calendar;
     calendar.SubclassWindow(::GetDlgItem(panel, PanelItem::GtdDate));
     CRowEyes eyes;
     eyes.Attach(panel, calendar);
