@@ -101,6 +101,8 @@ def cancel_newest(screen):
 
 def play(screen):
     screen.select_tab("Paper")
+    # Without a window manager keys go where the mouse is.
+    screen.move(screen.tab("Paper")["rect"])
     screen.picture("start")
     connect_by_menu(screen, "Paper Remote")
     for number, order in enumerate(ORDERS, 1):
