@@ -104,7 +104,7 @@ private:
     void _check_order(LONG action);
     row_differences _place_order(LONG action, const CRowSight* sight);
     row_differences _send_order(const SOrderRequest& request, const CRowSight& sight);
-    // The items that a host call changed; for a tab that it took away none, and nothing is to be sent.
+    // False when a host call took the tab away or changed the row; moved then has the changed items, if any.
     bool _is_still_sent(const SOrderRequest& request, row_differences& moved);
     com_ptr<ITC_OrderSight> _get_order_sight(ITC_ManualTrading& trading);
     SKnownQuotes _known_quotes();
